@@ -1,0 +1,105 @@
+#include "convert/create_macbinary.h"
+
+#include "base/owned.h"
+#include "convert/fork_copy.h"
+#include "convert/macbinary_header.h"
+#include "macfile/fork_paths.h"
+#include "module/module_state.h"
+
+#include <shlobj.h>
+
+namespace tidewell {
+
+namespace {
+
+struct OpenForks {
+    OwnedFile data;
+    OwnedFile resource;  // none when the file has no resource fork
+};
+
+ErrorCode openForReading(const char* path, OwnedFile& file) {
+    file = OwnedFile(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                 FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file ? 0 : lastErrorOr(ERROR_FILE_NOT_FOUND);
+}
+
+// 2 when there is nothing at `path`. Any other failure is no proof of that, and the file is not passed over.
+ErrorCode checkExists(const char* path) {
+    if (GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES) return 0;
+    const ErrorCode error = lastErrorOr(ERROR_FILE_NOT_FOUND);
+    return error == ERROR_PATH_NOT_FOUND ? ERROR_FILE_NOT_FOUND : error;
+}
+
+// 2 when the file keeps no Mac information to pack.
+ErrorCode checkSource(const ForkPaths& paths) {
+    const ErrorCode error = checkExists(paths.dataPath);
+    if (error != 0 || !RunningOnNt) return error;
+    return checkExists(paths.finderInfoPath);
+}
+
+ErrorCode openForks(const ForkPaths& paths, OpenForks& forks) {
+    ErrorCode error = openForReading(paths.dataPath, forks.data);
+    if (error != 0) return error;
+    error = openForReading(paths.resourcePath, forks.resource);
+    return error == ERROR_FILE_NOT_FOUND ? 0 : error;
+}
+
+ErrorCode writeHeader(HANDLE output, MacBinaryHeader& header) {
+    if (!WriteMacBinaryHeader(output, &header)) return lastErrorOr(ERROR_HANDLE_DISK_FULL);
+    return WriteZeros(output, kMacBinaryBlock - sizeof header);
+}
+
+ErrorCode writeFork(HANDLE output, HANDLE fork, DWORD length, ProgressDialog* progress) {
+    if (length == 0) return 0;
+    const ErrorCode error = CopyForkToFile(fork, output, length, progress);
+    const DWORD padding = MacBinaryPadding(length);
+    return error != 0 || padding == 0 ? error : WriteZeros(output, padding);
+}
+
+ErrorCode writeOutput(const char* outputPath, const OpenForks& forks, MacBinaryHeader& header,
+                      ProgressDialog* progress) {
+    OwnedFile output(
+        CreateFileA(outputPath, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!output) return lastErrorOr(ERROR_ACCESS_DENIED);
+    ErrorCode error = writeHeader(output.get(), header);
+    if (error == 0) error = writeFork(output.get(), forks.data.get(), header.dataLength, progress);
+    if (error == 0) error = writeFork(output.get(), forks.resource.get(), header.resourceLength, progress);
+    output.reset();
+    if (error != 0) {
+        DeleteFileA(outputPath);
+    } else {
+        SHChangeNotify(SHCNE_CREATE, SHCNF_PATHA, outputPath, nullptr);
+    }
+    return error;
+}
+
+ErrorCode createMacBinaryFile(const char* sourcePath, const char* outputPath, ProgressDialog* progress) {
+    ForkPathBuffers paths;
+    GetForkPaths(sourcePath, paths);
+    if (paths.dataLength == 0 || paths.resourceLength == 0 || paths.finderInfoLength == 0)
+        return ERROR_INVALID_PARAMETER;
+    ErrorCode error = checkSource(paths);
+    if (error != 0) return error == ERROR_FILE_NOT_FOUND ? 0 : error;
+
+    OpenForks forks;
+    error = openForks(paths, forks);
+    if (error != 0) return error;
+    MacBinaryHeader header;
+    if (!BuildMacBinaryHeader(paths.dataPath, paths.finderInfoPath, forks.data.get(), forks.resource.get(),
+                              &header))
+        return lastErrorOr(ERROR_INVALID_PARAMETER);
+    // Only the forks are held open: an output that is the source's Finder information would replace it.
+    if (IsForkPath(outputPath)) return ERROR_INVALID_NAME;
+    return writeOutput(outputPath, forks, header, progress);
+}
+
+}  // namespace
+
+}  // namespace tidewell
+
+extern "C" tidewell::ErrorCode WINAPI CreateMacBinaryFile(HWND, const char* sourcePath,
+                                                          const char* outputPath,
+                                                          tidewell::ProgressDialog** progressRef) {
+    tidewell::ProgressDialog* const progress = progressRef != nullptr ? *progressRef : nullptr;
+    return tidewell::createMacBinaryFile(sourcePath, outputPath, progress);
+}

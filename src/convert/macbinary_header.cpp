@@ -1,0 +1,87 @@
+#include "convert/macbinary_header.h"
+
+#include "base/error_code.h"
+#include "base/file.h"
+#include "convert/macbinary_crc.h"
+#include "convert/swap_fields.h"
+#include "macfile/finder_info.h"
+#include "macfile/path.h"
+
+#include <cstring>
+
+namespace tidewell {
+
+namespace {
+
+// The longest name that an HFS volume holds.
+constexpr size_t kMaxNameLength = 31;
+
+void setFinderFields(MacBinaryHeader& header, const FinderFields& finder) {
+    header.type = finder.type;
+    header.creator = finder.creator;
+    header.flagsHigh = static_cast<uint8_t>(finder.flags >> 8);
+    header.flagsLow = static_cast<uint8_t>(finder.flags & 0xFF);
+    header.vertical = finder.vertical;
+    header.horizontal = finder.horizontal;
+    header.window = finder.window;
+}
+
+void setName(MacBinaryHeader& header, const void* name, size_t length) {
+    if (length > kMaxNameLength) length = kMaxNameLength;
+    header.nameLength = static_cast<uint8_t>(length);
+    std::memcpy(header.name, name, length);
+}
+
+bool getForkLength(HANDLE file, DWORD& length) {
+    DWORD high = 0;
+    length = GetFileSize(file, &high);
+    if (length == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return false;
+    if (high == 0) return true;
+    SetLastError(ERROR_FILE_TOO_LARGE);  // cutting it to 32 bits would lose the rest
+    return false;
+}
+
+}  // namespace
+
+BOOL BuildMacBinaryHeader(const char* dataPath, const char* finderInfoPath, HANDLE dataFile,
+                          HANDLE resourceFile, MacBinaryHeader* header) {
+    std::memset(static_cast<void*>(header), 0, sizeof *header);
+    FinderInfoRecord record;
+    if (!ReadFinderInfo(finderInfoPath, &record)) return 0;
+
+    const char* const fileName = FileNamePart(dataPath);
+    switch (record.kind) {
+    case VolumeKindMac:
+        setFinderFields(*header, record.mac.finder);
+        header->protectedFlag = record.mac.attributes;
+        setName(*header, record.mac.name, record.mac.nameLength);
+        break;
+    case VolumeKindNtfs: setFinderFields(*header, record.afp.finder); break;
+    default: return failWith(ERROR_INVALID_PARAMETER);
+    }
+    // A header without a name could never be unpacked, so a nameless record of a driver gets one, too.
+    if (header->nameLength == 0) setName(*header, fileName, std::strlen(fileName));
+
+    DWORD dataLength = 0;
+    DWORD resourceLength = 0;
+    if (!getForkLength(dataFile, dataLength)) return 0;
+    if (resourceFile != INVALID_HANDLE_VALUE && !getForkLength(resourceFile, resourceLength)) return 0;
+    header->dataLength = dataLength;
+    header->resourceLength = resourceLength;
+    return 1;
+}
+
+BOOL WriteMacBinaryHeader(HANDLE file, MacBinaryHeader* header) {
+    SwapFields(header, header, kMacBinaryFieldWidths);
+    header->crc = MacBinaryCrc(header, offsetof(MacBinaryHeader, crc));
+    ErrorCode error = 0;
+    if (SetFilePointer(file, 0, nullptr, FILE_BEGIN) == INVALID_SET_FILE_POINTER) {
+        error = lastErrorOr(ERROR_HANDLE_DISK_FULL);
+    } else {
+        error = WriteWhole(file, header, sizeof *header);
+    }
+    SwapFields(header, header, kMacBinaryFieldWidths);
+    return error == 0 ? 1 : failWith(error);
+}
+
+}  // namespace tidewell

@@ -1,0 +1,41 @@
+#include "macfile/finder_info.h"
+
+#include "base/file.h"
+#include "base/owned.h"
+
+#include <cstring>
+
+namespace tidewell {
+
+namespace {
+
+DWORD sizeOf(VolumeKind kind) {
+    return kind == VolumeKindMac ? sizeof(MacVolumeInfo) : sizeof(AfpInfo);
+}
+
+}  // namespace
+
+BOOL ReadFinderInfo(const char* finderInfoPath, FinderInfoRecord* record) {
+    std::memset(static_cast<void*>(record), 0, sizeof *record);
+    record->kind = GetVolumeKindOfPath(finderInfoPath);
+    if (record->kind == VolumeKindOther) return failWith(ERROR_INVALID_PARAMETER);
+    const OwnedFile file(CreateFileA(finderInfoPath, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                     FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) return 0;
+    const ErrorCode error = ReadWhole(file.get(), &record->mac, sizeOf(record->kind));
+    return error == 0 ? 1 : failWith(error);
+}
+
+BOOL WriteFinderInfo(const char* finderInfoPath, const FinderInfoRecord* record) {
+    const VolumeKind kind = GetVolumeKindOfPath(finderInfoPath);
+    if (kind == VolumeKindOther || kind != record->kind) return failWith(ERROR_INVALID_PARAMETER);
+    const DWORD disposition = kind == VolumeKindNtfs ? OPEN_ALWAYS : OPEN_EXISTING;
+    const OwnedFile file(CreateFileA(finderInfoPath, GENERIC_WRITE, FILE_SHARE_READ, nullptr, disposition,
+                                     FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) return 0;
+    const ErrorCode error = WriteWhole(file.get(), &record->mac, sizeOf(kind));
+    if (error != 0) return failWith(error);
+    return FlushFileBuffers(file.get()) ? 1 : 0;
+}
+
+}  // namespace tidewell

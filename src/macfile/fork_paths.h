@@ -1,0 +1,48 @@
+// The paths by which the forks and the Finder information of a Mac file are reached.
+#ifndef TIDEWELL_MACFILE_FORK_PATHS_H
+#define TIDEWELL_MACFILE_FORK_PATHS_H
+
+#include "macfile/path.h"
+
+namespace tidewell {
+
+// The caller provides the buffers; each length is its buffer's capacity in bytes on entry and the result on
+// return. A length of 0 on return: the volume keeps no such part, or there is no such file, and the text is
+// empty.
+struct ForkPaths {
+    char* dataPath;
+    DWORD dataLength;  // on return without the terminating NUL
+    char* resourcePath;
+    DWORD resourceLength;  // on return with the terminating NUL
+    char* finderInfoPath;
+    DWORD finderInfoLength;  // on return with the terminating NUL
+};
+
+// ForkPaths over buffers of its own.
+struct ForkPathBuffers : ForkPaths {
+    ForkPathBuffers() noexcept
+        : ForkPaths{data, sizeof data, resource, sizeof resource, finderInfo, sizeof finderInfo} {}
+    ForkPathBuffers(const ForkPathBuffers&) = delete;
+    ForkPathBuffers& operator=(const ForkPathBuffers&) = delete;
+
+  private:
+    char data[kPathCapacity];
+    char resource[kPathCapacity];
+    char finderInfo[kPathCapacity];
+};
+
+// The paths of an existing file, from its short path; or, when `path` is the dataPath buffer itself, from
+// the path as it stands.
+void GetForkPaths(const char* path, ForkPaths& paths);
+
+// Return JoinPath's result, or 0 with nothing written where the volume keeps no such part.
+DWORD GetResourceForkPath(const char* dataPath, char* out, DWORD capacity);
+DWORD GetFinderInfoPath(const char* dataPath, char* out, DWORD capacity);
+
+// Whether the last part of `path` names a resource fork or a Finder information, or any stream of a file,
+// rather than a file.
+bool IsForkPath(const char* path);
+
+}  // namespace tidewell
+
+#endif

@@ -1,0 +1,21 @@
+// Identifiers of the library's resources, grouped by kind.
+#ifndef TIDEWELL_RES_RESOURCE_H
+#define TIDEWELL_RES_RESOURCE_H
+
+// Icons
+#define IDI_CREATE_MACBINARY 108
+#define IDI_EXTRACT 109
+
+// Dialog "FILEPROGRESS"
+#define IDC_PROGRESS_ANIMATION 30106
+#define IDC_PROGRESS_ICON 31000
+#define IDC_PROGRESS_LINE1 30102
+#define IDC_PROGRESS_LINE2 30103
+#define IDC_PROGRESS_BAR 30104
+#define IDC_PROGRESS_TIME 30105
+
+// Strings
+#define IDS_MINUTES_REMAINING 30001
+#define IDS_SECONDS_REMAINING 30002
+
+#endif

@@ -1,0 +1,58 @@
+// The progress of a long operation, as its worker sees it: an object that may be null, and free functions on
+// it that do nothing harmful with a null one. The library shows it in a window, the command on a terminal.
+//
+// Everything runs on the thread that created the object. Where a function fails with 87 it sets the
+// thread's last error and returns 0.
+#ifndef TIDEWELL_UI_PROGRESS_H
+#define TIDEWELL_UI_PROGRESS_H
+
+#include <windows.h>
+
+#include <cstdint>
+
+namespace tidewell {
+
+struct ProgressDialog {
+    HWND window;         // null until created, and where the display is no window
+    uint32_t cancelled;  // set once by the user, never cleared
+    uint64_t total;      // amount of work; the callers count bytes
+    uint64_t done;       // amount done so far
+    uint8_t shift;       // total and done are shifted right by it for the 16-bit bar
+    int64_t clock;       // 100 ns: the starting moment while running, the elapsed time while paused
+    uint32_t pauses;     // ProgressPause calls without their ProgressResume
+    HINSTANCE instance;  // the module that holds the display's texts
+};
+
+// A new object, or null with the last error: 87 for a null title (and, for a window, a null instance),
+// 8 without memory, else the display's own error. With `startPaused` the clock starts at the first
+// ProgressResume. The caller frees it with ProgressDestroy.
+ProgressDialog* ProgressCreate(HINSTANCE instance, const char* title, HWND owner, BOOL startPaused);
+void ProgressDestroy(ProgressDialog* progress);
+
+// Returns the icon shown before (null at the first call), or fails with 87 for a null argument.
+LRESULT ProgressSetIcon(ProgressDialog* progress, HICON icon);
+
+// A null text leaves its line as it is.
+BOOL ProgressSetText(ProgressDialog* progress, const char* line1, const char* line2);
+
+// Serves the display. 1: go on; 0: the user has cancelled. A null object always goes on.
+BOOL ProgressPump(ProgressDialog* progress);
+
+HWND ProgressWindow(const ProgressDialog* progress);
+
+BOOL ProgressSetTotal(ProgressDialog* progress, const uint64_t* total);
+
+// These move the bar and serve the display; only ProgressPump tells of a cancel. Done beyond the total
+// raises the total.
+BOOL ProgressSetDone(ProgressDialog* progress, const uint64_t* done);
+BOOL ProgressAdvance(ProgressDialog* progress, uint32_t amount);
+BOOL ProgressGetDone(const ProgressDialog* progress, uint64_t* done);
+
+// Around every prompt. Pauses nest; the outermost pair stops and starts the clock. A pause shows the
+// display at once. Resume without a pause fails with 87.
+BOOL ProgressPause(ProgressDialog* progress);
+BOOL ProgressResume(ProgressDialog* progress);
+
+}  // namespace tidewell
+
+#endif

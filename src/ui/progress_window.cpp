@@ -1,0 +1,146 @@
+// The display of a ProgressDialog on Windows: the modeless dialog "FILEPROGRESS".
+#include "progress_display.h"
+
+#include "../base/error_code.h"
+#include "../res/resource.h"
+
+#include <windows.h>
+#include <commctrl.h>
+
+namespace tidewell {
+
+namespace {
+
+constexpr UINT_PTR kShowTimer = 0;
+constexpr UINT kShowDelay = 1000;  // ms
+constexpr UINT_PTR kEstimateTimer = 1;
+constexpr UINT kEstimateInterval = 2000;  // ms
+constexpr WPARAM kBarStep = 10;
+
+constexpr int kTemplateCapacity = 128;
+constexpr int kNumberCapacity = 12;  // a sign, ten digits and the NUL
+
+// What the dialog's initialisation is given.
+struct Creation {
+    ProgressDialog& progress;
+    const char* title;
+};
+
+ProgressDialog& progressOf(HWND window) {
+    return *reinterpret_cast<ProgressDialog*>(GetWindowLongPtrA(window, DWLP_USER));
+}
+
+void showWindow(HWND window) {
+    KillTimer(window, kShowTimer);
+    ShowWindow(window, SW_SHOW);
+    UpdateWindow(window);
+}
+
+void showControl(HWND window, int id) {
+    const HWND control = GetDlgItem(window, id);
+    if (!IsWindowVisible(control)) ShowWindow(control, SW_SHOW);
+}
+
+void onInit(HWND window, const Creation& creation) {
+    SetWindowLongPtrA(window, DWLP_USER, reinterpret_cast<LONG_PTR>(&creation.progress));
+    SetWindowTextA(window, creation.title);
+    SendDlgItemMessageA(window, IDC_PROGRESS_BAR, PBM_SETPOS, 0, 0);
+    SendDlgItemMessageA(window, IDC_PROGRESS_BAR, PBM_SETSTEP, kBarStep, 0);
+    SetTimer(window, kShowTimer, kShowDelay, nullptr);
+    SetTimer(window, kEstimateTimer, kEstimateInterval, nullptr);
+}
+
+void showTimeRemaining(HWND window, const ProgressDialog& progress) {
+    const TimeRemaining estimate = ProgressTimeRemaining(progress);
+    if (estimate.stringId == 0) return;
+    char textTemplate[kTemplateCapacity];
+    if (LoadStringA(progress.instance, estimate.stringId, textTemplate, kTemplateCapacity) == 0) return;
+    char text[kTemplateCapacity + kNumberCapacity];
+    wsprintfA(text, textTemplate, static_cast<int>(estimate.number));
+    SetDlgItemTextA(window, IDC_PROGRESS_TIME, text);
+    showControl(window, IDC_PROGRESS_BAR);
+}
+
+void onTimer(HWND window, WPARAM timer) {
+    if (timer == kShowTimer)
+        showWindow(window);
+    else if (timer == kEstimateTimer)
+        showTimeRemaining(window, progressOf(window));
+}
+
+INT_PTR CALLBACK progressProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_INITDIALOG:
+        onInit(window, *reinterpret_cast<const Creation*>(lParam));
+        // Not TRUE: that would move the focus to a window that may never be shown.
+        return FALSE;
+    case WM_COMMAND:
+        if (LOWORD(wParam) != IDCANCEL) return FALSE;
+        progressOf(window).cancelled = 1;
+        return TRUE;
+    case WM_TIMER: onTimer(window, wParam); return TRUE;
+    }
+    return FALSE;
+}
+
+}  // namespace
+
+namespace progress_display {
+
+BOOL create(ProgressDialog& progress, const char* title, HWND owner) {
+    if (!progress.instance) return failWith(ERROR_INVALID_PARAMETER);
+    InitCommonControls();
+    Creation creation{progress, title};
+    progress.window = CreateDialogParamA(progress.instance, "FILEPROGRESS", owner, progressProcedure,
+                                         reinterpret_cast<LPARAM>(&creation));
+    return progress.window != nullptr;
+}
+
+void destroy(ProgressDialog& progress) {
+    DestroyWindow(progress.window);
+}
+
+LRESULT setIcon(ProgressDialog& progress, HICON icon) {
+    const HWND animation = GetDlgItem(progress.window, IDC_PROGRESS_ANIMATION);
+    EnableWindow(animation, FALSE);
+    ShowWindow(animation, SW_HIDE);
+    const HWND control = GetDlgItem(progress.window, IDC_PROGRESS_ICON);
+    ShowWindow(control, SW_SHOW);
+    EnableWindow(control, TRUE);
+    return SendMessageA(control, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+}
+
+void setText(ProgressDialog& progress, const char* line1, const char* line2) {
+    if (line1) SetDlgItemTextA(progress.window, IDC_PROGRESS_LINE1, line1);
+    if (line2) SetDlgItemTextA(progress.window, IDC_PROGRESS_LINE2, line2);
+}
+
+void setRange(ProgressDialog& progress, uint16_t range) {
+    SendDlgItemMessageA(progress.window, IDC_PROGRESS_BAR, PBM_SETRANGE, 0, MAKELPARAM(0, range));
+}
+
+void setPosition(ProgressDialog& progress, uint16_t position) {
+    SendDlgItemMessageA(progress.window, IDC_PROGRESS_BAR, PBM_SETPOS, position, 0);
+}
+
+void showNow(ProgressDialog& progress) {
+    if (!IsWindowVisible(progress.window)) showWindow(progress.window);
+}
+
+void serve(ProgressDialog& progress) {
+    MSG message;
+    while (PeekMessageA(&message, progress.window, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            // Whatever the filter: it ends the loop that runs the thread, and has to reach it.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        if (IsDialogMessageA(progress.window, &message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+}
+
+}  // namespace progress_display
+
+}  // namespace tidewell
