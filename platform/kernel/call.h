@@ -1,0 +1,51 @@
+// One system call in progress: the place where a planned fault strikes, and its line in the journal.
+#ifndef TIDEWELL_PLATFORM_KERNEL_CALL_H
+#define TIDEWELL_PLATFORM_KERNEL_CALL_H
+
+#include "../pc/pc.h"
+
+#include <windows.h>
+
+#include <string_view>
+
+namespace kernel {
+
+class Call {
+  public:
+    // `name` and `subject` outlive the call.
+    explicit Call(const char* name, std::string_view subject = {}, uint64_t amount = 0)
+        : name_(name), subject_(subject), amount_(amount), pc_(pc::Pc::current()) {}
+    ~Call() {
+        if (pc_ != nullptr && pc_->journal().kept()) pc_->journal().record(name_, subject_, amount_, error_);
+    }
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+
+    // The error planned for this call, or 0. Asked once a call.
+    pc::Error fault() { return pc_ != nullptr ? pc_->faults().onCall(name_) : 0; }
+    pc::Error memoryFault() { return pc_ != nullptr ? pc_->faults().onMemoryCall(name_) : 0; }
+    size_t transferable(size_t count) {
+        return pc_ != nullptr ? pc_->faults().onTransfer(name_, count) : count;
+    }
+
+    // Ends the call: with the last error set and `failure` when there is an error, else with `success`.
+    template <typename Result>
+    Result end(pc::Error error, Result success, Result failure) {
+        error_ = error;
+        if (error == 0) return success;
+        SetLastError(error);
+        return failure;
+    }
+    BOOL end(pc::Error error) { return end<BOOL>(error, TRUE, FALSE); }
+
+  private:
+    const char* name_;
+    std::string_view subject_;
+    uint64_t amount_;
+    pc::Pc* pc_;
+    pc::Error error_ = 0;
+};
+
+}  // namespace kernel
+
+#endif

@@ -1,0 +1,153 @@
+// Files by handle.
+#include "call.h"
+#include "kernel.h"
+#include "pc_path.h"
+
+#include <limits>
+#include <utility>
+
+namespace kernel {
+
+namespace {
+
+pc::OpenFile* openFileOf(HANDLE handle) {
+    pc::Pc* const pc = pc::Pc::current();
+    if (pc == nullptr) return nullptr;
+    const auto found = pc->openFiles().find(reinterpret_cast<uintptr_t>(handle));
+    return found == pc->openFiles().end() ? nullptr : &found->second;
+}
+
+std::string_view pathOf(const pc::OpenFile* file) {
+    return file != nullptr ? std::string_view(file->path) : std::string_view();
+}
+
+bool truncates(DWORD disposition) {
+    return disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING;
+}
+
+pc::Error openFile(LPCSTR path, const pc::OpenMode& mode, HANDLE& handle) {
+    PcPath target;
+    pc::Error error = findPath(path, target);
+    if (error != 0) return error;
+    pc::Opened opened;
+    const bool query = !mode.read && !mode.write;
+    error = query ? target.volume->openForQuery(target.inside, opened)
+                  : target.volume->open(target.inside, mode, opened);
+    if (error != 0) return error;
+    pc::Pc& pc = *pc::Pc::current();
+    error = pc.checkSharing(opened.identity, mode);
+    const bool truncate = !query && !opened.created && truncates(mode.disposition);
+    if (error == 0 && truncate) error = opened.file->setSize(0);
+    if (error != 0) return error;
+    const uintptr_t value = pc.newHandle();
+    pc.openFiles()[value] = pc::OpenFile{path, mode, std::move(opened.identity), std::move(opened.file), 0};
+    handle = reinterpret_cast<HANDLE>(value);
+    return 0;
+}
+
+}  // namespace
+
+bool ownsHandle(HANDLE handle) {
+    return pc::Pc::isHandle(reinterpret_cast<uintptr_t>(handle));
+}
+
+HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES /*security*/,
+                   DWORD disposition, DWORD /*flags*/, HANDLE /*templateFile*/) {
+    Call call("CreateFileA", path != nullptr ? path : "", access);
+    pc::OpenMode mode;
+    mode.read = (access & GENERIC_READ) != 0;
+    mode.write = (access & GENERIC_WRITE) != 0;
+    mode.share = share;
+    mode.disposition = disposition;
+    HANDLE handle = INVALID_HANDLE_VALUE;
+    pc::Error error = call.fault();
+    if (error == 0) error = openFile(path, mode, handle);
+    return call.end(error, handle, INVALID_HANDLE_VALUE);
+}
+
+BOOL ReadFile(HANDLE handle, LPVOID buffer, DWORD count, LPDWORD transferred, LPOVERLAPPED /*overlapped*/) {
+    pc::OpenFile* const file = openFileOf(handle);
+    Call call("ReadFile", pathOf(file), count);
+    *transferred = 0;
+    if (file == nullptr) return call.end(ERROR_INVALID_HANDLE);
+    if (!file->mode.read) return call.end(ERROR_ACCESS_DENIED);
+    pc::Error error = call.fault();
+    size_t got = 0;
+    if (error == 0) error = file->file->read(file->position, buffer, call.transferable(count), got);
+    file->position += got;
+    *transferred = static_cast<DWORD>(got);
+    return call.end(error);
+}
+
+BOOL WriteFile(HANDLE handle, LPCVOID buffer, DWORD count, LPDWORD transferred, LPOVERLAPPED /*overlapped*/) {
+    pc::OpenFile* const file = openFileOf(handle);
+    Call call("WriteFile", pathOf(file), count);
+    *transferred = 0;
+    if (file == nullptr) return call.end(ERROR_INVALID_HANDLE);
+    if (!file->mode.write) return call.end(ERROR_ACCESS_DENIED);
+    pc::Error error = call.fault();
+    const size_t size = call.transferable(count);
+    if (error == 0) error = file->file->write(file->position, buffer, size);
+    if (error != 0) return call.end(error);
+    file->position += size;
+    *transferred = static_cast<DWORD>(size);
+    return call.end(0);
+}
+
+DWORD SetFilePointer(HANDLE handle, LONG distance, PLONG distanceHigh, DWORD origin) {
+    pc::OpenFile* const file = openFileOf(handle);
+    Call call("SetFilePointer", pathOf(file), static_cast<uint32_t>(distance));
+    if (file == nullptr) return call.end<DWORD>(ERROR_INVALID_HANDLE, 0, INVALID_SET_FILE_POINTER);
+    pc::Error error = call.fault();
+    uint64_t size = 0;
+    if (error == 0 && origin == FILE_END) error = file->file->size(size);
+    if (error != 0) return call.end<DWORD>(error, 0, INVALID_SET_FILE_POINTER);
+
+    int64_t offset = distance;
+    if (distanceHigh != nullptr) {
+        offset = static_cast<int64_t>(static_cast<uint64_t>(static_cast<uint32_t>(*distanceHigh)) << 32 |
+                                      static_cast<uint32_t>(distance));
+    }
+    const uint64_t base = origin == FILE_BEGIN ? 0 : origin == FILE_CURRENT ? file->position : size;
+    const int64_t position = static_cast<int64_t>(base + static_cast<uint64_t>(offset));
+    if (position < 0) return call.end<DWORD>(ERROR_NEGATIVE_SEEK, 0, INVALID_SET_FILE_POINTER);
+    if (distanceHigh != nullptr) *distanceHigh = static_cast<LONG>(position >> 32);
+    file->position = static_cast<uint64_t>(position);
+    SetLastError(NO_ERROR);  // 0xFFFFFFFF is a position, too
+    return call.end(0, static_cast<DWORD>(file->position), INVALID_SET_FILE_POINTER);
+}
+
+DWORD GetFileSize(HANDLE handle, LPDWORD high) {
+    pc::OpenFile* const file = openFileOf(handle);
+    Call call("GetFileSize", pathOf(file));
+    if (file == nullptr) return call.end<DWORD>(ERROR_INVALID_HANDLE, 0, INVALID_FILE_SIZE);
+    pc::Error error = call.fault();
+    uint64_t size = 0;
+    if (error == 0) error = file->file->size(size);
+    if (error == 0) {
+        if (high != nullptr) *high = static_cast<DWORD>(size >> 32);
+        SetLastError(NO_ERROR);  // 0xFFFFFFFF is a size, too
+    }
+    return call.end(error, static_cast<DWORD>(size), INVALID_FILE_SIZE);
+}
+
+BOOL FlushFileBuffers(HANDLE handle) {
+    pc::OpenFile* const file = openFileOf(handle);
+    Call call("FlushFileBuffers", pathOf(file));
+    if (file == nullptr) return call.end(ERROR_INVALID_HANDLE);
+    if (!file->mode.write) return call.end(ERROR_ACCESS_DENIED);
+    const pc::Error error = call.fault();
+    return call.end(error != 0 ? error : file->file->flush());
+}
+
+// Closing cannot be made to fail: Windows closes the handle whatever it reports.
+BOOL CloseHandle(HANDLE handle) {
+    const pc::OpenFile* const file = openFileOf(handle);
+    const std::string path(pathOf(file));
+    Call call("CloseHandle", path);
+    if (file == nullptr) return call.end(ERROR_INVALID_HANDLE);
+    pc::Pc::current()->openFiles().erase(reinterpret_cast<uintptr_t>(handle));
+    return call.end(0);
+}
+
+}  // namespace kernel

@@ -1,0 +1,62 @@
+// Page memory and the process heap. The PC keeps count of what the library holds.
+#include "call.h"
+#include "kernel.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <set>
+
+namespace kernel {
+
+namespace {
+
+// Memory can outlive the PC it was taken under, in a test that fails half-way; a block is recognised
+// without one.
+std::set<const void*>& livingBlocks() {
+    static std::set<const void*> blocks;
+    return blocks;
+}
+
+void* allocate(Call& call, SIZE_T size) {
+    const pc::Error error = call.memoryFault();
+    void* const memory = error == 0 ? std::calloc(1, size == 0 ? 1 : size) : nullptr;
+    if (memory == nullptr) return call.end<void*>(ERROR_NOT_ENOUGH_MEMORY, nullptr, nullptr);
+    livingBlocks().insert(memory);
+    if (pc::Pc* const pc = pc::Pc::current()) pc->memory().insert(memory);
+    return call.end(0, memory, static_cast<void*>(nullptr));
+}
+
+BOOL release(Call& call, void* memory) {
+    if (livingBlocks().erase(memory) == 0) return call.end(ERROR_INVALID_PARAMETER);
+    if (pc::Pc* const pc = pc::Pc::current()) pc->memory().erase(memory);
+    std::free(memory);
+    return call.end(0);
+}
+
+}  // namespace
+
+bool ownsMemory(const void* memory) {
+    return livingBlocks().contains(memory);
+}
+
+LPVOID VirtualAlloc(LPVOID /*address*/, SIZE_T size, DWORD /*type*/, DWORD /*protection*/) {
+    Call call("VirtualAlloc", {}, size);
+    return allocate(call, size);
+}
+
+BOOL VirtualFree(LPVOID address, SIZE_T /*size*/, DWORD /*type*/) {
+    Call call("VirtualFree");
+    return release(call, address);
+}
+
+LPVOID HeapAlloc(HANDLE /*heap*/, DWORD /*flags*/, SIZE_T size) {
+    Call call("HeapAlloc", {}, size);
+    return allocate(call, size);
+}
+
+BOOL HeapFree(HANDLE /*heap*/, DWORD /*flags*/, LPVOID memory) {
+    Call call("HeapFree");
+    return release(call, memory);
+}
+
+}  // namespace kernel

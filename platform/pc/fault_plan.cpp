@@ -1,0 +1,44 @@
+#include "fault_plan.h"
+
+namespace pc {
+
+namespace {
+constexpr uint32_t kNotEnoughMemory = 8;
+}
+
+void FaultPlan::plan(Kind kind, int n, uint32_t error) {
+    kind_ = kind;
+    left_ = n;
+    error_ = error;
+    hit_ = false;
+    injected_ = 0;
+    hitCall_.clear();
+}
+
+bool FaultPlan::strikes(const char* name) {
+    if (left_ == 0 || --left_ > 0) return false;
+    hit_ = true;
+    hitCall_ = name;
+    return true;
+}
+
+uint32_t FaultPlan::onCall(const char* name) {
+    if (kind_ != Kind::call || !strikes(name)) return 0;
+    injected_ = error_;
+    return error_;
+}
+
+uint32_t FaultPlan::onMemoryCall(const char* name) {
+    if (kind_ == Kind::call) return onCall(name) != 0 ? injected_ = kNotEnoughMemory : 0;
+    if (kind_ != Kind::memory) return 0;
+    if (!hit_ && !strikes(name)) return 0;
+    injected_ = kNotEnoughMemory;
+    return kNotEnoughMemory;
+}
+
+size_t FaultPlan::onTransfer(const char* name, size_t count) {
+    if (kind_ != Kind::transfer || count < 2 || !strikes(name)) return count;
+    return count / 2;
+}
+
+}  // namespace pc

@@ -1,0 +1,50 @@
+// What is to go wrong on the PC, and when.
+#ifndef TIDEWELL_PLATFORM_PC_FAULT_PLAN_H
+#define TIDEWELL_PLATFORM_PC_FAULT_PLAN_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace pc {
+
+// Plans one fault at a time; counting starts when it is planned. A sweep plans n = 1, 2, ... until an
+// operation ends without having met the fault.
+class FaultPlan {
+  public:
+    // The n-th call that can fail does, with `error` (a call for memory fails with 8 instead).
+    void failCall(int n, uint32_t error) { plan(Kind::call, n, error); }
+    // The n-th read or write of more than a byte succeeds with half of its bytes.
+    void shortTransfer(int n) { plan(Kind::transfer, n, 0); }
+    // The n-th call for memory, and every one after it, fails.
+    void failMemory(int n) { plan(Kind::memory, n, 0); }
+    void clear() { plan(Kind::none, 0, 0); }
+
+    bool hit() const { return hit_; }
+    const std::string& hitCall() const { return hitCall_; }
+    // The error that the call was failed with; 0 for a short transfer.
+    uint32_t injected() const { return injected_; }
+
+    // For the kernel: the error that this call must fail with, or 0.
+    uint32_t onCall(const char* name);
+    uint32_t onMemoryCall(const char* name);
+    // For the kernel: how many of `count` bytes to transfer.
+    size_t onTransfer(const char* name, size_t count);
+
+  private:
+    enum class Kind { none, call, transfer, memory };
+
+    void plan(Kind kind, int n, uint32_t error);
+    bool strikes(const char* name);
+
+    Kind kind_ = Kind::none;
+    int left_ = 0;
+    uint32_t error_ = 0;
+    bool hit_ = false;
+    uint32_t injected_ = 0;
+    std::string hitCall_;
+};
+
+}  // namespace pc
+
+#endif

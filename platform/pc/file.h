@@ -1,0 +1,52 @@
+// An open file of the PC, whatever kind of volume it lies on.
+#ifndef TIDEWELL_PLATFORM_PC_FILE_H
+#define TIDEWELL_PLATFORM_PC_FILE_H
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace pc {
+
+// A Win32 error code; 0 is success.
+using Error = uint32_t;
+
+// What a file is opened for. `share` and `disposition` are Win32's values (FILE_SHARE_*, CREATE_NEW ...).
+struct OpenMode {
+    bool read = false;
+    bool write = false;
+    uint32_t share = 0;
+    uint32_t disposition = 3;  // OPEN_EXISTING
+};
+
+// One opened stream of bytes. Positions are the caller's; every transfer names its offset.
+class File {
+  public:
+    virtual ~File() = default;
+
+    // Reads up to `count` bytes; `got` receives how many there were (fewer only at the end of the file).
+    virtual Error read(uint64_t offset, void* buffer, size_t count, size_t& got) = 0;
+
+    // Writes `count` bytes, extending the file; a gap before `offset` reads as zeros.
+    // 112 when the volume is full.
+    virtual Error write(uint64_t offset, const void* buffer, size_t count) = 0;
+
+    virtual Error size(uint64_t& bytes) = 0;
+    virtual Error setSize(uint64_t bytes) = 0;
+
+    // Everything written so far is on the host's disk.
+    virtual Error flush() = 0;
+};
+
+// What Volume::open gives: the file, not yet truncated, and what names it in the table of open files.
+// Two openings of the same stream have the same identity whatever path, link or letter case led to them.
+struct Opened {
+    std::unique_ptr<File> file;
+    std::string identity;
+    bool created = false;  // it was not there before
+};
+
+}  // namespace pc
+
+#endif

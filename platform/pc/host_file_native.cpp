@@ -1,0 +1,213 @@
+// POSIX hosts.
+#include "host_file.h"
+
+#include "win32_error.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace pc {
+
+namespace {
+
+static_assert(sizeof(off_t) == sizeof(int64_t));
+
+constexpr mode_t kNewFileMode = 0666;
+
+Error errorFrom(int code) {
+    switch (code) {
+    case EACCES:
+    case EPERM:
+    case EISDIR:
+    case EBADF:  // reading what was opened for writing, or the other way round
+    case ENXIO: return kAccessDenied;
+    case ENOENT: return kFileNotFound;
+    case ENOTDIR:
+    case ELOOP: return kPathNotFound;
+    case ENOSPC:
+    case EDQUOT: return kDiskFull;
+    case EFBIG: return kFileTooLarge;
+    case EROFS: return kWriteProtected;
+    case EMFILE:
+    case ENFILE: return kTooManyOpenFiles;
+    case ENOMEM: return kNotEnoughMemory;
+    case ENAMETOOLONG: return kNameTooLong;
+    case EEXIST: return kFileExists;
+    case EIO: return kIoDevice;
+    default: return kGeneralFailure;
+    }
+}
+
+// Of a call about `path` that has just failed: tells a missing folder from a missing file.
+Error pathError(const std::string& path) {
+    const int code = errno;
+    if (code != ENOENT) return errorFrom(code);
+    const size_t slash = path.rfind('/');
+    if (slash == std::string::npos || slash == 0) return kFileNotFound;
+    struct stat folder;
+    const bool there = ::stat(path.substr(0, slash).c_str(), &folder) == 0 && S_ISDIR(folder.st_mode);
+    return there ? kFileNotFound : kPathNotFound;
+}
+
+HostStatus statusFrom(const struct stat& raw) {
+    HostStatus status;
+    if (S_ISREG(raw.st_mode)) status.kind = HostKind::file;
+    if (S_ISDIR(raw.st_mode)) status.kind = HostKind::folder;
+    status.size = static_cast<uint64_t>(raw.st_size);
+    status.device = std::to_string(raw.st_dev);
+    status.identity = status.device + ":" + std::to_string(raw.st_ino);
+    status.ownerMayWrite = (raw.st_mode & S_IWUSR) != 0;
+    status.modified = raw.st_mtime;
+    return status;
+}
+
+bool isFolder(const std::string& folder, const dirent& entry) {
+    if (entry.d_type != DT_UNKNOWN) return entry.d_type == DT_DIR;
+    struct stat raw;
+    return ::lstat(hostJoin(folder, entry.d_name).c_str(), &raw) == 0 && S_ISDIR(raw.st_mode);
+}
+
+}  // namespace
+
+Error hostStatus(const std::string& path, HostStatus& status) {
+    struct stat raw;
+    if (::stat(path.c_str(), &raw) != 0) return pathError(path);
+    status = statusFrom(raw);
+    return 0;
+}
+
+Error hostList(const std::string& folder, std::vector<HostItem>& items) {
+    items.clear();
+    DIR* const directory = ::opendir(folder.c_str());
+    if (directory == nullptr) return pathError(folder);
+    errno = 0;
+    while (const dirent* const entry = ::readdir(directory)) {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != "..") items.push_back({std::string(name), isFolder(folder, *entry)});
+        errno = 0;
+    }
+    const Error error = errno != 0 ? errorFrom(errno) : 0;
+    ::closedir(directory);
+    return error;
+}
+
+Error hostRemove(const std::string& path) {
+    return ::unlink(path.c_str()) == 0 ? 0 : pathError(path);
+}
+
+Error hostReplace(const std::string& from, const std::string& to) {
+    return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : pathError(to);
+}
+
+std::string hostAbsolute(const std::string& path) {
+    char* const resolved = ::realpath(path.c_str(), nullptr);
+    if (resolved == nullptr) return path;
+    std::string absolute = resolved;
+    std::free(resolved);
+    return absolute;
+}
+
+unsigned long hostProcess() {
+    return static_cast<unsigned long>(::getpid());
+}
+
+Error HostFile::open(const std::string& path, const HostAccess& access, std::shared_ptr<SpaceLimit> space,
+                     std::unique_ptr<HostFile>& file) {
+    struct stat raw;
+    if (!access.create) {
+        if (::stat(path.c_str(), &raw) != 0) return pathError(path);
+        if (!S_ISREG(raw.st_mode)) return kAccessDenied;
+    }
+    // A FIFO that takes the file's place right now must not make the open wait.
+    int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+    flags |= access.write ? (access.read ? O_RDWR : O_WRONLY) : O_RDONLY;
+    if (access.create) flags |= O_CREAT | O_EXCL;
+    const int descriptor = ::open(path.c_str(), flags, kNewFileMode);
+    if (descriptor < 0) return pathError(path);
+    std::unique_ptr<HostFile> opened(new HostFile(descriptor, std::move(space)));
+    if (::fstat(descriptor, &raw) != 0) return errorFrom(errno);
+    if (!S_ISREG(raw.st_mode)) return kAccessDenied;
+    file = std::move(opened);
+    return 0;
+}
+
+HostFile::~HostFile() {
+    ::close(static_cast<int>(handle_));
+}
+
+Error HostFile::read(uint64_t offset, void* buffer, size_t count, size_t& got) {
+    got = 0;
+    while (got < count && offset + got <= static_cast<uint64_t>(LLONG_MAX)) {
+        const ssize_t done = ::pread(static_cast<int>(handle_), static_cast<char*>(buffer) + got, count - got,
+                                     static_cast<off_t>(offset + got));
+        if (done == 0) break;
+        if (done > 0) {
+            got += static_cast<size_t>(done);
+        } else if (errno != EINTR) {
+            return errorFrom(errno);
+        }
+    }
+    return 0;
+}
+
+Error HostFile::writeAll(uint64_t offset, const void* buffer, size_t count) {
+    for (size_t written = 0; written < count;) {
+        const ssize_t done = ::pwrite(static_cast<int>(handle_), static_cast<const char*>(buffer) + written,
+                                      count - written, static_cast<off_t>(offset + written));
+        if (done == 0) return kDiskFull;
+        if (done > 0) {
+            written += static_cast<size_t>(done);
+        } else if (errno != EINTR) {
+            return errorFrom(errno);
+        }
+    }
+    return 0;
+}
+
+Error HostFile::size(uint64_t& bytes) {
+    struct stat raw;
+    if (::fstat(static_cast<int>(handle_), &raw) != 0) return errorFrom(errno);
+    bytes = static_cast<uint64_t>(raw.st_size);
+    return 0;
+}
+
+Error HostFile::resize(uint64_t bytes) {
+    while (::ftruncate(static_cast<int>(handle_), static_cast<off_t>(bytes)) != 0) {
+        // A descriptor that is not open for writing gives EINVAL.
+        if (errno != EINTR) return errno == EINVAL ? kAccessDenied : errorFrom(errno);
+    }
+    return 0;
+}
+
+Error HostFile::flush() {
+    while (::fsync(static_cast<int>(handle_)) != 0) {
+        if (errno == EINVAL) return 0;  // a file system that keeps nothing back
+        if (errno != EINTR) return errorFrom(errno);
+    }
+    return 0;
+}
+
+Error HostFile::status(HostStatus& status) const {
+    struct stat raw;
+    if (::fstat(static_cast<int>(handle_), &raw) != 0) return errorFrom(errno);
+    status = statusFrom(raw);
+    return 0;
+}
+
+void HostFile::takePermissions(const std::string& path, bool ownerWrites) {
+    struct stat raw;
+    if (::stat(path.c_str(), &raw) != 0) return;
+    const int descriptor = static_cast<int>(handle_);
+    // Where the host does not let the owner be changed, the file stays the caller's own.
+    if (::fchown(descriptor, raw.st_uid, raw.st_gid) != 0) errno = 0;
+    const mode_t least = ownerWrites ? S_IRUSR | S_IWUSR : 0;
+    if (::fchmod(descriptor, (raw.st_mode & kNewFileMode) | least) != 0) errno = 0;
+}
+
+}  // namespace pc

@@ -1,0 +1,274 @@
+// Mac volumes: the driver's pseudo-files over AppleDouble files. "._name" beside a file or folder keeps its
+// Mac information, "._." in the root that of the volume.
+#include "host_name.h"
+#include "host_open.h"
+#include "letter_case.h"
+#include "mac_item.h"
+#include "mac_name.h"
+#include "volume.h"
+#include "volume_path.h"
+#include "win32_error.h"
+
+#include <map>
+#include <utility>
+
+namespace pc {
+
+namespace {
+
+enum class Fork { data, resource, finderInfo };
+
+constexpr std::string_view kResourceName = "{4DD19183-ACE2-11CF-BBF2-444553540000}";
+constexpr std::string_view kFinderInfoName = "{4DD19184-ACE2-11CF-BBF2-444553540000}";
+constexpr std::string_view kRootStoreName = "._.";
+constexpr std::string_view kUnnamedVolume = "Untitled";
+constexpr size_t kStoresKeptUnasked = 64;
+
+Fork forkNamed(std::string_view component) {
+    if (component.size() != kResourceName.size()) return Fork::data;
+    if (equalIgnoringCase(component, kResourceName)) return Fork::resource;
+    return equalIgnoringCase(component, kFinderInfoName) ? Fork::finderInfo : Fork::data;
+}
+
+class MacVolume final : public Volume {
+  public:
+    explicit MacVolume(const std::string& folder) : root_(hostAbsolute(folder)) {}
+
+    const char* fileSystemName() const override { return "HFS"; }
+    Error open(const std::string& path, const OpenMode& mode, Opened& opened) override;
+    Error openForQuery(const std::string& path, Opened& opened) override;
+    Error attributes(const std::string& path, uint32_t& bits) override;
+    Error remove(const std::string& path) override;
+    Error shortPath(const std::string& path, std::string& shortForm) override;
+    void setFreeSpace(uint64_t bytes) override { *space_ = {true, bytes}; }
+
+  private:
+    using Store = std::shared_ptr<AppleDouble>;
+
+    struct Place {
+        MacItem item;
+        std::string folder;  // on the host; of the root, itself
+        Fork fork = Fork::data;
+        bool driversOwn = false;
+        Error found = 0;  // 2 when the file is missing
+    };
+
+    std::string hostPathOf(const std::vector<std::string>& components) const;
+    Error locate(const std::string& path, Place& place) const;
+    Error locateExisting(const std::string& path, Place& place) const;
+    std::string storePath(const Place& place) const;
+    Error storeKey(const Place& place, std::string& key) const;
+    Error openStore(const Place& place, Store& store);
+    Error openResource(const Place& place, const OpenMode& mode, Opened& opened);
+    Error openFinderInfo(const Place& place, const OpenMode& mode, Opened& opened);
+    Error removeFile(const Place& place);
+
+    std::string root_;
+    std::shared_ptr<SpaceLimit> space_ = std::make_shared<SpaceLimit>();
+    std::map<std::string, std::weak_ptr<AppleDouble>> stores_;  // those that are open
+};
+
+// The host may hold a stand-in for a reserved character as it is.
+std::string MacVolume::hostPathOf(const std::vector<std::string>& components) const {
+    std::string plain = root_;
+    for (const std::string& component : components) plain = hostJoin(plain, hostNameOf(component));
+    HostStatus status;
+    if (hostStatus(plain, status) == 0) return plain;
+    std::string path = root_;
+    for (const std::string& component : components) {
+        const std::string name = hostNameOf(component);
+        const bool literal = name != component && hostStatus(hostJoin(path, name), status) != 0 &&
+                             hostStatus(hostJoin(path, component), status) == 0;
+        path = hostJoin(path, literal ? component : name);
+    }
+    return path;
+}
+
+Error MacVolume::locate(const std::string& path, Place& place) const {
+    VolumePath parsed;
+    const Error error = parseVolumePath(path, StreamNames::none, parsed);
+    if (error != 0) return error;
+    std::vector<std::string>& components = parsed.components;
+    if (!components.empty()) place.fork = forkNamed(components.back());
+    if (place.fork != Fork::data) {
+        if (parsed.folderOnly) return kInvalidName;
+        components.pop_back();
+    }
+    MacItem& item = place.item;
+    item.root = components.empty();
+    item.path = hostPathOf(components);
+    const size_t slash = item.path.rfind('/');
+    item.name = item.path.substr(slash + 1);
+    place.folder = item.root || slash < root_.size() ? root_ : item.path.substr(0, slash);
+    if (item.root && item.name.empty()) item.name = kUnnamedVolume;
+    for (size_t i = 0; i < components.size(); ++i) {
+        if (!belongsToDriver(components[i])) continue;
+        if (i + 1 < components.size()) return kPathNotFound;
+        place.driversOwn = true;
+    }
+    place.found = hostStatus(item.path, item.status);
+    if (place.driversOwn) place.found = kFileNotFound;
+    if (place.found != 0 && place.found != kFileNotFound) return place.found;
+    const bool folder = place.found == 0 && item.status.kind == HostKind::folder;
+    return parsed.folderOnly && !folder ? kInvalidName : 0;
+}
+
+Error MacVolume::locateExisting(const std::string& path, Place& place) const {
+    const Error error = locate(path, place);
+    if (error != 0 || place.found != 0) return error != 0 ? error : place.found;
+    return place.item.status.kind == HostKind::other ? kAccessDenied : 0;
+}
+
+std::string MacVolume::storePath(const Place& place) const {
+    if (place.item.root) return hostJoin(root_, kRootStoreName);
+    return hostJoin(place.folder, std::string(kDriverPrefix) + place.item.name);
+}
+
+// The same for every path that leads to one AppleDouble file.
+Error MacVolume::storeKey(const Place& place, std::string& key) const {
+    HostStatus folder;
+    const Error error = hostStatus(place.folder, folder);
+    const std::string path = storePath(place);
+    const std::string name = path.substr(path.rfind('/') + 1);
+    key = folder.identity + "/" + (kHostIgnoresCase ? upperCase(name) : name);
+    return error;
+}
+
+Error MacVolume::openStore(const Place& place, Store& store) {
+    std::string key;
+    Error error = storeKey(place, key);
+    if (error != 0) return error;
+    if (stores_.size() > kStoresKeptUnasked) {
+        std::erase_if(stores_, [](const auto& entry) { return entry.second.expired(); });
+    }
+    store = stores_[key].lock();
+    if (store != nullptr) return 0;
+    store = std::make_shared<AppleDouble>(storePath(place), space_);
+    error = store->load();
+    if (error == 0) stores_[key] = store;
+    return error;
+}
+
+Error MacVolume::open(const std::string& path, const OpenMode& mode, Opened& opened) {
+    if (mode.disposition < kCreateNew || mode.disposition > kTruncateExisting) return kInvalidParameter;
+    Place place;
+    Error error = locate(path, place);
+    if (error != 0) return error;
+    if (place.driversOwn) return mayCreate(mode.disposition) ? kAccessDenied : kFileNotFound;
+    if (place.fork == Fork::data) return openHostFile(place.item.path, mode, space_, opened);
+    if (place.found == 0 && place.item.status.kind == HostKind::other) place.found = kAccessDenied;
+    if (place.found != 0) return place.found;
+    if (place.fork == Fork::resource) return openResource(place, mode, opened);
+    return openFinderInfo(place, mode, opened);
+}
+
+Error MacVolume::openResource(const Place& place, const OpenMode& mode, Opened& opened) {
+    Store store;
+    Error error = openStore(place, store);
+    if (error != 0) return error;
+    const bool exists = store->has(kResourceFork);
+    if (exists && mode.disposition == kCreateNew) return kFileExists;
+    if (!exists && !mayCreate(mode.disposition)) return kFileNotFound;
+    if (!exists) {
+        std::vector<AppleDoubleEdit> edits;
+        if (!store->exists()) edits = newAppleDoubleEntries(place.item);
+        error = store->rewrite(edits, {ResourcePlan::makeLast, 0}, place.item.path);
+    }
+    if (error == 0 && (mode.write || truncates(mode.disposition))) error = store->openForWriting();
+    if (error != 0) return error;
+    opened.identity = place.item.status.identity + "/resource";
+    opened.created = !exists;
+    opened.file = makeResourceForkFile(std::move(store));
+    return 0;
+}
+
+Error MacVolume::openFinderInfo(const Place& place, const OpenMode& mode, Opened& opened) {
+    if (mode.disposition == kCreateNew) return kFileExists;
+    Store store;
+    const Error error = openStore(place, store);
+    if (error != 0) return error;
+    opened.identity = place.item.status.identity + "/finder";
+    opened.created = false;
+    opened.file = makeFinderInfoFile(place.item, std::move(store));
+    return 0;
+}
+
+// The size of the Finder information is known without reading it: a damaged AppleDouble file of the root does
+// not turn the volume into one of another kind.
+Error MacVolume::openForQuery(const std::string& path, Opened& opened) {
+    Place place;
+    Error error = locateExisting(path, place);
+    if (error != 0) return error;
+    uint64_t size = place.item.status.kind == HostKind::folder ? 0 : place.item.status.size;
+    opened.identity = place.item.status.identity;
+    if (place.fork == Fork::finderInfo) {
+        size = kFinderRecordSize;
+        opened.identity += "/finder";
+    } else if (place.fork == Fork::resource) {
+        Store store;
+        error = openStore(place, store);
+        if (error == 0 && !store->has(kResourceFork)) error = kFileNotFound;
+        if (error != 0) return error;
+        size = store->length(kResourceFork);
+        opened.identity += "/resource";
+    }
+    opened.created = false;
+    opened.file = makeQueriedFile(size);
+    return 0;
+}
+
+Error MacVolume::attributes(const std::string& path, uint32_t& bits) {
+    Place place;
+    Error error = locateExisting(path, place);
+    if (error != 0) return error;
+    if (place.fork == Fork::data) return hostAttributes(place.item.status, bits);
+    bits = kAttributeNormal;
+    if (place.fork == Fork::finderInfo) return 0;
+    Store store;
+    error = openStore(place, store);
+    if (error != 0) return error;
+    return store->has(kResourceFork) ? 0 : kFileNotFound;
+}
+
+Error MacVolume::remove(const std::string& path) {
+    Place place;
+    Error error = locateExisting(path, place);
+    if (error != 0) return error;
+    if (place.fork == Fork::finderInfo) return kAccessDenied;
+    if (place.fork == Fork::data) return removeFile(place);
+    Store store;
+    error = openStore(place, store);
+    if (error != 0) return error;
+    if (!store->has(kResourceFork)) return kFileNotFound;
+    return store->rewrite({}, {ResourcePlan::drop, 0}, place.item.path);
+}
+
+// The file goes first: its Mac information must not be lost while it stays.
+Error MacVolume::removeFile(const Place& place) {
+    std::string key;
+    Error error = storeKey(place, key);
+    if (error == 0) error = removeHostFile(place.item.path, *space_);
+    if (error != 0) return error;
+    if (const Store open = stores_[key].lock()) open->forget();
+    stores_.erase(key);
+    return discardFile(storePath(place), *space_);
+}
+
+Error MacVolume::shortPath(const std::string& path, std::string& shortForm) {
+    Place place;
+    Error error = locateExisting(path, place);
+    if (error == 0 && place.fork == Fork::resource) {
+        uint32_t bits = 0;
+        error = attributes(path, bits);
+    }
+    if (error == 0) shortForm = path;
+    return error;
+}
+
+}  // namespace
+
+std::unique_ptr<Volume> makeMacVolume(const std::string& hostFolder) {
+    return std::make_unique<MacVolume>(hostFolder);
+}
+
+}  // namespace pc

@@ -1,0 +1,94 @@
+// A computer as the library sees it.
+#ifndef TIDEWELL_PLATFORM_PC_PC_H
+#define TIDEWELL_PLATFORM_PC_PC_H
+
+#include "clock.h"
+#include "code_page.h"
+#include "fault_plan.h"
+#include "journal.h"
+#include "volume.h"
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace pc {
+
+enum class Platform { nt, windows95, windows98 };
+
+struct Drive {
+    unsigned type;                   // DRIVE_FIXED ...
+    std::unique_ptr<Volume> volume;  // null: no medium
+};
+
+// An open handle of the library.
+struct OpenFile {
+    std::string path;  // as the library gave it
+    OpenMode mode;     // neither reading nor writing for a query of attributes
+    std::string identity;
+    std::unique_ptr<File> file;
+    uint64_t position = 0;
+};
+
+// The newest living PC is the current one, which the kernel works on.
+class Pc {
+  public:
+    explicit Pc(Platform platform = Platform::nt);
+    ~Pc();
+    Pc(const Pc&) = delete;
+    Pc& operator=(const Pc&) = delete;
+
+    static Pc* current();
+
+    Platform platform() const { return platform_; }
+
+    void addDrive(char letter, unsigned type, std::unique_ptr<Volume> volume);
+    // Null when there is no such drive.
+    Drive* drive(char letter);
+
+    // 1252 at first. In a code page of two-byte characters paths hold them, as on such a Windows.
+    void setCodePage(unsigned codePage) { codePage_ = codePage; }
+    unsigned codePage() const { return codePage_; }
+
+    // The longest path with its terminating NUL; Windows' own limit at first.
+    void setPathLimit(size_t bytes) { pathLimit_ = bytes; }
+    size_t pathLimit() const { return pathLimit_; }
+
+    Journal& journal() { return journal_; }
+    FaultPlan& faults() { return faults_; }
+    Clock& clock() { return clock_; }
+
+    unsigned errorMode = 0;
+
+    // The handles the library holds.
+    std::map<uintptr_t, OpenFile>& openFiles() { return openFiles_; }
+    uintptr_t newHandle();
+    static bool isHandle(uintptr_t handle);
+    // 32 when an open file forbids `mode` on `identity`, or `mode` forbids what is open.
+    Error checkSharing(const std::string& identity, const OpenMode& mode) const;
+
+    // The memory the library holds.
+    std::set<void*>& memory() { return memory_; }
+
+    // Every handle is closed and all memory given back.
+    bool nothingHeld() const { return openFiles_.empty() && memory_.empty(); }
+
+  private:
+    Platform platform_;
+    Pc* previous_;
+    std::map<char, Drive> drives_;
+    unsigned codePage_ = 1252;
+    size_t pathLimit_ = 260;
+    Journal journal_;
+    FaultPlan faults_;
+    Clock clock_;
+    std::map<uintptr_t, OpenFile> openFiles_;
+    uintptr_t lastHandle_;
+    std::set<void*> memory_;
+};
+
+}  // namespace pc
+
+#endif

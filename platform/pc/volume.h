@@ -1,0 +1,51 @@
+// A volume of the PC, kept in a folder of the host's file system.
+#ifndef TIDEWELL_PLATFORM_PC_VOLUME_H
+#define TIDEWELL_PLATFORM_PC_VOLUME_H
+
+#include "file.h"
+
+namespace pc {
+
+// Paths given to a volume are UTF-8, relative to its root, components separated by '\', without a leading
+// one; the root itself is the empty path. A trailing '\' is allowed after a folder.
+class Volume {
+  public:
+    virtual ~Volume() = default;
+
+    // "FAT", "NTFS" or "HFS".
+    virtual const char* fileSystemName() const = 0;
+
+    // Opens or creates as mode.disposition says, except that nothing is truncated yet: the PC first checks
+    // sharing, then calls File::setSize(0) for CREATE_ALWAYS and TRUNCATE_EXISTING. A file that this call
+    // creates exists afterwards with no bytes.
+    // 2: no such file; 3: no such folder; 5: a folder, a file the host refuses, or one that is no regular
+    // file; 80: CREATE_NEW and it exists; 112: full; 123: a name no volume of this kind can hold;
+    // 1392: what is kept of the file's Mac information is damaged.
+    virtual Error open(const std::string& path, const OpenMode& mode, Opened& opened) = 0;
+
+    // As open, for a query of attributes only: neither reading nor writing, folders allowed.
+    virtual Error openForQuery(const std::string& path, Opened& opened) = 0;
+
+    // Win32's attribute bits.
+    virtual Error attributes(const std::string& path, uint32_t& bits) = 0;
+
+    // Deletes a file together with everything kept beside it: its streams, or its Mac information.
+    // A path of a stream deletes only the stream.
+    virtual Error remove(const std::string& path) = 0;
+
+    // The 8.3 form of an existing path, or the path unchanged where the volume has no short names.
+    virtual Error shortPath(const std::string& path, std::string& shortForm) = 0;
+
+    // Limits the free space that writes may take, for tests of a full disk. Not limited at first.
+    virtual void setFreeSpace(uint64_t bytes) = 0;
+};
+
+// The folder must exist. FAT: neither streams nor short names. NTFS: streams and 8.3 names, letter case
+// kept and ignored. Mac: the driver's two pseudo-files of every file and folder, over AppleDouble files.
+std::unique_ptr<Volume> makeFatVolume(const std::string& hostFolder);
+std::unique_ptr<Volume> makeNtfsVolume(const std::string& hostFolder);
+std::unique_ptr<Volume> makeMacVolume(const std::string& hostFolder);
+
+}  // namespace pc
+
+#endif
