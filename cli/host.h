@@ -1,0 +1,45 @@
+// What the command needs of the system it runs on: Windows, or a host where the PC stands in for it.
+#ifndef TIDEWELL_CLI_HOST_H
+#define TIDEWELL_CLI_HOST_H
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+
+namespace cli {
+
+enum class Stream { input, output, errors };
+
+// Sets up what the library runs on, and the interrupt key. Lives as long as the command.
+class Host {
+  public:
+    Host();
+    ~Host();
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+};
+
+// The full Windows path of a path as the user typed it. What the path names need not exist.
+std::string windowsPathOf(const std::string& typed);
+
+// A file name of a Windows path as the user knows it, below the folder `typedFolder`.
+std::string typedPathOf(const std::string& typedFolder, const char* windowsName);
+
+bool isTerminal(Stream stream);
+
+// How many characters fit in a line of the terminal.
+unsigned terminalWidth();
+
+// Control characters, which could take over a terminal, do not reach one.
+void print(Stream stream, const std::string& text);
+
+// A line of the user's input without its end; nothing at the end of the input or after an interrupt.
+std::optional<std::string> readLine();
+
+// Whether the user has pressed the interrupt key.
+bool interrupted();
+
+}  // namespace cli
+
+#endif

@@ -1,0 +1,131 @@
+#include "host.h"
+
+#include "../platform/pc/host_name.h"
+#include "../platform/pc/pc.h"
+#include "module/module_state.h"
+
+#include <csignal>
+#include <filesystem>
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace cli {
+
+namespace {
+
+// The drive that shows the host's file system.
+constexpr char kHostDrive = 'Z';
+
+// Room for the longest path that is taken, and for what the volume adds to it to name its Mac information.
+constexpr size_t kPathLimit = 520;
+
+pc::Pc* thePc;
+volatile std::sig_atomic_t interruptCount;
+
+void onInterrupt(int) {
+    interruptCount = 1;
+}
+
+void catchInterrupts() {
+    struct sigaction action = {};
+    action.sa_handler = onInterrupt;  // without SA_RESTART, so that a question is interrupted, too
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+        sigaction(signal, &action, nullptr);
+}
+
+int descriptorOf(Stream stream) {
+    switch (stream) {
+    case Stream::input: return STDIN_FILENO;
+    case Stream::output: return STDOUT_FILENO;
+    case Stream::errors: break;
+    }
+    return STDERR_FILENO;
+}
+
+void writeAll(int descriptor, const char* bytes, size_t count) {
+    while (count > 0) {
+        const ssize_t written = write(descriptor, bytes, count);
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return;  // nobody is left to tell
+        bytes += written;
+        count -= static_cast<size_t>(written);
+    }
+}
+
+// Follows the links of the folders on the way, but not of the file itself, whose name is wanted.
+std::filesystem::path fullPathOf(const std::string& typed) {
+    std::error_code error;
+    const std::filesystem::path path = std::filesystem::absolute(typed, error);
+    const bool namesFolder = !path.has_filename() || path.filename() == "." || path.filename() == "..";
+    std::filesystem::path full = namesFolder ? std::filesystem::canonical(path, error)
+                                             : std::filesystem::canonical(path.parent_path(), error);
+    if (error) return path.lexically_normal();
+    return namesFolder ? full : full / path.filename();
+}
+
+}  // namespace
+
+Host::Host() {
+    thePc = new pc::Pc(pc::Platform::nt);
+    thePc->setCodePage(pc::kCodePageUtf8);
+    thePc->setPathLimit(kPathLimit);
+    thePc->journal().setKept(false);
+    thePc->addDrive(kHostDrive, DRIVE_FIXED, pc::makeMacVolume("/"));
+    catchInterrupts();
+    tidewell::InitializeModuleState(GetModuleHandleA(nullptr));
+}
+
+Host::~Host() {
+    delete thePc;
+}
+
+std::string windowsPathOf(const std::string& typed) {
+    std::string path(1, kHostDrive);
+    path += ":";
+    for (const std::filesystem::path& component : fullPathOf(typed).relative_path()) {
+        if (!component.empty()) path += '\\' + pc::windowsNameOf(component.string());
+    }
+    return path.size() > 2 ? path : path + '\\';
+}
+
+std::string typedPathOf(const std::string& typedFolder, const char* windowsName) {
+    const std::string name = pc::hostNameOf(windowsName);
+    return typedFolder.empty() ? name : (std::filesystem::path(typedFolder) / name).string();
+}
+
+bool isTerminal(Stream stream) {
+    return isatty(descriptorOf(stream)) != 0;
+}
+
+unsigned terminalWidth() {
+    winsize size = {};
+    return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
+}
+
+void print(Stream stream, const std::string& text) {
+    std::string shown = text;
+    if (isTerminal(stream)) {
+        for (char& c : shown) {
+            const bool control = (c >= 0 && c < ' ') || c == 0x7F;
+            if (control && c != '\n' && c != '\r') c = '?';
+        }
+    }
+    writeAll(descriptorOf(stream), shown.data(), shown.size());
+}
+
+std::optional<std::string> readLine() {
+    std::string line;
+    char c = 0;
+    while (read(STDIN_FILENO, &c, 1) == 1) {
+        if (c == '\n') return line;
+        line += c;
+    }
+    return std::nullopt;
+}
+
+bool interrupted() {
+    return interruptCount != 0;
+}
+
+}  // namespace cli

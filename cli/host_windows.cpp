@@ -1,0 +1,115 @@
+#include "host.h"
+
+#include "module/module_state.h"
+
+#include <cstdlib>
+
+// Windows leaves "*.txt" to the program; this asks the C library's start-up to look the files up.
+extern "C" int _dowildcard;
+int _dowildcard = -1;
+
+namespace cli {
+
+namespace {
+
+// Longer than any path that is taken, so that one that is too long is seen to be.
+constexpr DWORD kFullPathCapacity = 4096;
+
+volatile LONG interruptFlag;
+volatile LONG finishedFlag;
+
+// Runs on a thread of its own. When the console closes, the process ends as soon as this returns: it waits
+// until the unfinished file is gone.
+BOOL WINAPI onConsoleEvent(DWORD event) {
+    constexpr DWORD kWaitStep = 50;       // ms
+    constexpr DWORD kLongestWait = 4000;  // ms, less than the system grants
+    InterlockedExchange(&interruptFlag, 1);
+    if (event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT) return TRUE;
+    for (DWORD waited = 0; finishedFlag == 0 && waited < kLongestWait; waited += kWaitStep)
+        Sleep(kWaitStep);
+    return TRUE;
+}
+
+HANDLE handleOf(Stream stream) {
+    switch (stream) {
+    case Stream::input: return GetStdHandle(STD_INPUT_HANDLE);
+    case Stream::output: return GetStdHandle(STD_OUTPUT_HANDLE);
+    case Stream::errors: break;
+    }
+    return GetStdHandle(STD_ERROR_HANDLE);
+}
+
+void writeAll(HANDLE file, const char* bytes, size_t count) {
+    while (count > 0) {
+        DWORD written = 0;
+        if (!WriteFile(file, bytes, static_cast<DWORD>(count), &written, nullptr) || written == 0) return;
+        bytes += written;
+        count -= written;
+    }
+}
+
+bool endsFolder(const std::string& folder) {
+    return folder.back() == '\\' || folder.back() == '/' || folder.back() == ':';
+}
+
+}  // namespace
+
+Host::Host() {
+    SetConsoleCtrlHandler(onConsoleEvent, TRUE);
+    SetErrorMode(SEM_FAILCRITICALERRORS);
+    tidewell::InitializeModuleState(GetModuleHandleA(nullptr));
+}
+
+Host::~Host() {
+    InterlockedExchange(&finishedFlag, 1);
+}
+
+std::string windowsPathOf(const std::string& typed) {
+    char full[kFullPathCapacity];
+    char* namePart = nullptr;
+    const DWORD length = GetFullPathNameA(typed.c_str(), sizeof full, full, &namePart);
+    return length == 0 || length >= sizeof full ? typed : std::string(full, length);
+}
+
+std::string typedPathOf(const std::string& typedFolder, const char* windowsName) {
+    if (typedFolder.empty()) return windowsName;
+    return typedFolder + (endsFolder(typedFolder) ? "" : "\\") + windowsName;
+}
+
+bool isTerminal(Stream stream) {
+    DWORD mode = 0;
+    return GetConsoleMode(handleOf(stream), &mode) != FALSE;
+}
+
+unsigned terminalWidth() {
+    CONSOLE_SCREEN_BUFFER_INFO info = {};
+    return GetConsoleScreenBufferInfo(handleOf(Stream::errors), &info) && info.dwSize.X > 0
+               ? static_cast<unsigned>(info.dwSize.X)
+               : 80;
+}
+
+void print(Stream stream, const std::string& text) {
+    std::string shown = text;
+    if (isTerminal(stream) && !shown.empty()) {
+        // A console shows the OEM code page, paths are in the ANSI one.
+        CharToOemBuffA(text.c_str(), shown.data(), static_cast<DWORD>(shown.size()));
+    }
+    writeAll(handleOf(stream), shown.data(), shown.size());
+}
+
+std::optional<std::string> readLine() {
+    std::string line;
+    char c = 0;
+    DWORD got = 0;
+    while (ReadFile(handleOf(Stream::input), &c, 1, &got, nullptr) && got == 1) {
+        if (c == '\n') return line;
+        if (c != '\r') line += c;
+    }
+    return std::nullopt;
+}
+
+bool interrupted() {
+    return interruptFlag != 0;
+}
+
+}  // namespace cli

@@ -1,0 +1,53 @@
+// The tidewell command.
+#include "host.h"
+#include "options.h"
+#include "pack.h"
+#include "report.h"
+#include "res/version.h"
+
+namespace {
+
+constexpr char kUsage[] =
+    "usage: tidewell pack [-o DIR] [--replace=ask|yes|no] FILE...\n"
+    "       tidewell --help | --version\n";
+
+constexpr char kHelp[] =
+    "\n"
+    "Tidewell brings Macintosh files to where there is no Macintosh.\n"
+    "\n"
+    "  pack    packs each Mac file (data fork, resource fork and Finder information)\n"
+    "          into a MacBinary file: its name with .bin for its extension\n"
+    "\n"
+    "  -o DIR           the folder for the outputs; the current one without it\n"
+    "  --replace=ask    ask before replacing a file (without a terminal: an error)\n"
+    "  --replace=yes    replace files\n"
+    "  --replace=no     keep files that are there, and go on\n"
+    "\n"
+    "Away from a Mac volume, the resource fork and the Finder information of a file\n"
+    "NAME are in the AppleDouble file ._NAME beside it; on NTFS, in its streams\n"
+    "AFP_Resource and AFP_AfpInfo.\n"
+    "\n"
+    "Exit status: 0 all done, 1 something failed or was cancelled, 2 wrong use.\n";
+
+int run(const std::vector<std::string>& arguments) {
+    cli::Options options;
+    const std::string wrong = cli::parseOptions(arguments, options);
+    if (!wrong.empty()) {
+        cli::reportNote(wrong);
+        cli::print(cli::Stream::errors, kUsage);
+        return cli::kWrongUse;
+    }
+    const cli::Host host;
+    switch (options.action) {
+    case cli::Action::pack: return cli::pack(options);
+    case cli::Action::help: cli::print(cli::Stream::output, std::string(kUsage) + kHelp); break;
+    case cli::Action::version: cli::print(cli::Stream::output, "tidewell " TIDEWELL_VERSION "\n"); break;
+    }
+    return cli::kAllDone;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return run({argv + 1, argv + argc});
+}

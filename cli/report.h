@@ -1,0 +1,30 @@
+// What the command tells its user.
+#ifndef TIDEWELL_CLI_REPORT_H
+#define TIDEWELL_CLI_REPORT_H
+
+#include "base/error_code.h"
+
+#include <string>
+
+namespace cli {
+
+// The exit status.
+constexpr int kAllDone = 0;
+constexpr int kSomethingFailed = 1;
+constexpr int kWrongUse = 2;
+
+// An error of a file, with a text where the system's own would mislead.
+struct Failure {
+    tidewell::ErrorCode error = 0;
+    std::string text;
+};
+
+// "tidewell: FILE: error N: TEXT"
+void reportFailure(const std::string& file, const Failure& failure);
+
+// "tidewell: TEXT"
+void reportNote(const std::string& text);
+
+}  // namespace cli
+
+#endif
