@@ -1,0 +1,11 @@
+# The tidewell command.
+
+if(TIDEWELL_COMMAND_SOURCES)
+  add_executable(tidewell ${TIDEWELL_COMMAND_SOURCES})
+  target_link_libraries(tidewell PRIVATE tidewell_core tidewell_resources ${TIDEWELL_SYSTEM_LIBRARIES})
+  if(WIN32)
+    target_link_options(tidewell PRIVATE -Wl,--subsystem,console:4.0)
+  else()
+    target_link_libraries(tidewell PRIVATE tidewell_pc tidewell_kernel)
+  endif()
+endif()

@@ -1,0 +1,15 @@
+# The simulated PC, and Win32 over it. On Windows only test programs have them.
+
+add_library(tidewell_pc OBJECT ${TIDEWELL_PC_SOURCES})
+add_library(tidewell_kernel OBJECT ${TIDEWELL_KERNEL_SOURCES})
+set(parts tidewell_pc tidewell_kernel)
+if(WIN32)
+  add_library(tidewell_attach OBJECT ${TIDEWELL_ATTACH_SOURCES})
+  list(APPEND parts tidewell_attach)
+endif()
+foreach(part IN LISTS parts)
+  target_include_directories(${part} PUBLIC ${PROJECT_SOURCE_DIR}/platform ${PROJECT_SOURCE_DIR}/src)
+  if(NOT WIN32)
+    target_include_directories(${part} BEFORE PUBLIC ${PROJECT_SOURCE_DIR}/platform/include)
+  endif()
+endforeach()

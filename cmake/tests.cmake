@@ -1,0 +1,58 @@
+# The test programs, the command's scripts and the checks of what was built.
+# tools/test-totals reads doctest's own counts from the log of CTest.
+
+# doctest is a header of the host; the Windows compilers must not see the host's other headers.
+find_file(TIDEWELL_DOCTEST doctest/doctest.h PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+file(COPY ${TIDEWELL_DOCTEST} DESTINATION ${PROJECT_BINARY_DIR}/include/doctest)
+
+function(tidewell_add_test_program name)
+  add_executable(${name} ${ARGN})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/platform)
+  target_include_directories(${name} SYSTEM PRIVATE ${PROJECT_BINARY_DIR}/include)
+  # The win32 thread model has no std::mutex.
+  target_compile_definitions(${name} PRIVATE DOCTEST_CONFIG_NO_MULTITHREADING)
+  target_link_libraries(${name} PRIVATE tidewell_core tidewell_resources ${TIDEWELL_SYSTEM_LIBRARIES})
+  # Tests that need files make them where they are started.
+  file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/testdata)
+  add_test(NAME ${name} COMMAND ${name} --no-colors WORKING_DIRECTORY ${PROJECT_BINARY_DIR}/testdata)
+endfunction()
+
+if(TIDEWELL_TEST_SOURCES)
+  tidewell_add_test_program(tidewell_tests ${TIDEWELL_TEST_SOURCES} ${TIDEWELL_TEST_SUPPORT_SOURCES})
+  target_link_libraries(tidewell_tests PRIVATE tidewell_pc tidewell_kernel)
+  if(WIN32)
+    target_link_libraries(tidewell_tests PRIVATE tidewell_attach)
+  endif()
+endif()
+
+if(WIN32)
+  if(TIDEWELL_WINDOW_TEST_SOURCES)
+    tidewell_add_test_program(tidewell_window_tests
+      ${TIDEWELL_WINDOW_TEST_SOURCES} ${TIDEWELL_WINDOW_TEST_SUPPORT_SOURCES})
+    target_link_libraries(tidewell_window_tests PRIVATE tidewell_windowed)
+    # They load the library and start the command.
+    add_dependencies(tidewell_window_tests tidewell_library tidewell)
+  endif()
+
+  add_test(NAME library_imports
+           COMMAND ${PROJECT_SOURCE_DIR}/tools/check-imports $<TARGET_FILE:tidewell_library>)
+  add_test(NAME library_exports
+           COMMAND ${PROJECT_SOURCE_DIR}/tools/check-exports $<TARGET_FILE:tidewell_library>
+                   ${PROJECT_SOURCE_DIR}/src/tidewell.def)
+  add_test(NAME library_system_version
+           COMMAND ${PROJECT_SOURCE_DIR}/tools/check-system-version $<TARGET_FILE:tidewell_library>)
+  if(TARGET tidewell)
+    add_test(NAME command_imports
+             COMMAND ${PROJECT_SOURCE_DIR}/tools/check-imports $<TARGET_FILE:tidewell>)
+    add_test(NAME command_system_version
+             COMMAND ${PROJECT_SOURCE_DIR}/tools/check-system-version $<TARGET_FILE:tidewell>)
+  endif()
+elseif(TARGET tidewell)
+  # Each script finds the command in $TIDEWELL.
+  file(GLOB scripts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/cli/*.sh)
+  foreach(script IN LISTS scripts)
+    get_filename_component(name ${script} NAME_WE)
+    add_test(NAME cli_${name} COMMAND ${script})
+    set_tests_properties(cli_${name} PROPERTIES ENVIRONMENT "TIDEWELL=$<TARGET_FILE:tidewell>")
+  endforeach()
+endif()
