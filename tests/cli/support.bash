@@ -1,0 +1,33 @@
+# What the tests of the command share. Each test script sources it and works in a folder of its own.
+set -euo pipefail
+
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+: "${TIDEWELL:?TIDEWELL names the command}"
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work"
+
+mac_file() { perl "$here/mac-file.pl" "$@"; }
+
+fail() {
+    printf 'FAILED: %s\n' "$*" >&2
+    exit 1
+}
+
+# same WHAT EXPECTED GOT
+same() {
+    [ "$2" = "$3" ] || fail "$1: expected '$2', got '$3'"
+}
+
+# same_bytes WHAT FILE FILE
+same_bytes() {
+    cmp "$2" "$3" >/dev/null || fail "$1: $2 and $3 differ"
+}
+
+# run ARGS...: the command's output in $out, its messages in $messages, its exit status in $status.
+run() {
+    status=0
+    out=$("$TIDEWELL" "$@" 2>messages) || status=$?
+    messages=$(cat messages)
+    rm messages
+}

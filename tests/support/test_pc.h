@@ -1,0 +1,52 @@
+// A PC for tests with a volume of each kind: F: FAT, N: NTFS, M: a Mac volume, each in a folder of its own.
+#ifndef TIDEWELL_TESTS_SUPPORT_TEST_PC_H
+#define TIDEWELL_TESTS_SUPPORT_TEST_PC_H
+
+#include "pc/pc.h"
+#include "support/temp_folder.h"
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class TestPc : public pc::Pc {
+  public:
+    explicit TestPc(pc::Platform platform = pc::Platform::nt);
+
+    std::string hostFolder(char letter) const { return folder_.path() + "/" + letter; }
+
+  private:
+    TempFolder folder_;
+};
+
+using Bytes = std::vector<uint8_t>;
+
+// Bytes that tell their place, so that a shift or a swap shows.
+Bytes patternOf(size_t size, unsigned seed = 0);
+Bytes bytesOf(const std::string& text);
+
+// Through the system calls under test, as any Windows program would.
+bool exists(const std::string& path);
+Bytes readFile(const std::string& path);
+void writeFile(const std::string& path, const Bytes& bytes);
+
+// What makes a Mac file.
+struct MacFile {
+    Bytes data = {};
+    Bytes resource = {};
+    bool hasResource = true;
+    uint32_t type = 0x54455854;     // TEXT
+    uint32_t creator = 0x74747874;  // ttxt
+    uint16_t flags = 0x2100;
+    uint16_t vertical = 0x0102;
+    uint16_t horizontal = 0x0304;
+    uint16_t window = 0x0506;
+    uint8_t attributes = 0x01;  // kept by Mac volumes only
+};
+
+// On a volume of kind Mac or NTFS.
+void writeMacFile(const std::string& path, const MacFile& file);
+
+#endif
