@@ -13,7 +13,7 @@ namespace pc {
 
 namespace {
 
-constexpr size_t kCopyBlock = 256 * 1024;
+constexpr size_t kCopyBlock = 0x40000;
 constexpr uint64_t kLargestFork = UINT32_MAX;
 constexpr uint64_t kLongestSlack = 4096;
 constexpr unsigned kTemporaryAttempts = 100;

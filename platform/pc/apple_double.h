@@ -53,7 +53,8 @@ class AppleDouble {
     Error findBodyStart(AppleDoubleSource& source) const;
     std::string temporaryPath(unsigned attempt) const;
     Error createTemporary(std::string& path, std::unique_ptr<HostFile>& file) const;
-    Error fill(HostFile& file, const AppleDoubleLayout& layout, const std::vector<AppleDoubleEdit>& edits) const;
+    Error fill(HostFile& file, const AppleDoubleLayout& layout,
+               const std::vector<AppleDoubleEdit>& edits) const;
     Error putInPlace(const std::string& temporary);
     Error makeResourceLast(uint32_t longest);
     Error setResourceLength(uint64_t bytes);

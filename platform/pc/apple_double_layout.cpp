@@ -42,9 +42,9 @@ class Planner {
         if (header_.entries.size() > UINT16_MAX) return kFileTooLarge;
         collectOldParts();
         const AppleDoubleEntry* const resource = header_.find(kResourceFork);
-        const bool last = resource != nullptr &&
-                          (resource_.kind == ResourcePlan::makeLast || resource->length == 0 ||
-                           (!parts_.empty() && isResource(parts_.back())));
+        const bool last =
+            resource != nullptr && (resource_.kind == ResourcePlan::makeLast || resource->length == 0 ||
+                                    (!parts_.empty() && isResource(parts_.back())));
         if (last) std::erase_if(parts_, isResource);
         addNewParts();
         if (last) parts_.push_back(partOf(*resource));
@@ -88,11 +88,12 @@ class Planner {
         keepUntil(source_.fileSize);
     }
 
+    // An entry that was empty and remains so stays where it is said to be.
     void addNewParts() {
         for (const AppleDoubleEntry& entry : header_.entries) {
             const AppleDoubleEntry* const old = source_.header.find(entry.id);
-            const bool hadBytes = old != nullptr && old->length != 0;
-            if (!hadBytes && entry.id != kResourceFork) parts_.push_back(partOf(entry));
+            const bool placed = old != nullptr && (old->length != 0 || entry.length == 0);
+            if (!placed && entry.id != kResourceFork) parts_.push_back(partOf(entry));
         }
     }
 
@@ -105,6 +106,9 @@ class Planner {
                 header_.find(part.id)->offset = static_cast<uint32_t>(position);
             }
             position += part.length;
+        }
+        for (AppleDoubleEntry& entry : header_.entries) {
+            if (entry.offset > position) entry.offset = static_cast<uint32_t>(position);
         }
         layout.header = std::move(header_);
         layout.fileSize = position;

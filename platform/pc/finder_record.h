@@ -21,10 +21,10 @@ struct FinderSettings {
 
 struct FinderDescription {
     FinderSettings settings;
-    std::string macName;           // Mac Roman; at most 31 bytes are shown
-    std::u16string unicodeName;    // at most 255 units are shown
-    uint64_t dataLength = 0;       // files; lengths above 4 GB - 1 show as that
-    uint64_t resourceLength = 0;   // files
+    std::string macName;          // Mac Roman; at most 31 bytes are shown
+    std::u16string unicodeName;   // at most 255 units are shown
+    uint64_t dataLength = 0;      // files; lengths above 4 GB - 1 show as that
+    uint64_t resourceLength = 0;  // files
     bool folder = false;
     bool root = false;             // the volume's root folder
     uint32_t items = 0;            // folders

@@ -62,9 +62,9 @@ std::vector<uint8_t> fileDates(int64_t modified) {
     const bool fits = since2000 > INT32_MIN && since2000 <= INT32_MAX;
     const uint32_t date = fits ? static_cast<uint32_t>(since2000) : kUnknownDate;
     std::vector<uint8_t> dates(kDatesLength);
-    storeBig32(dates.data(), date);              // creation
-    storeBig32(dates.data() + 4, date);          // modification
-    storeBig32(dates.data() + 8, kUnknownDate);  // backup
+    storeBig32(dates.data(), date);               // creation
+    storeBig32(dates.data() + 4, date);           // modification
+    storeBig32(dates.data() + 8, kUnknownDate);   // backup
     storeBig32(dates.data() + 12, kUnknownDate);  // access
     return dates;
 }

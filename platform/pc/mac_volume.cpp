@@ -71,7 +71,8 @@ class MacVolume final : public Volume {
 // The host may hold a stand-in for a reserved character as it is.
 std::string MacVolume::hostPathOf(const std::vector<std::string>& components) const {
     std::string plain = root_;
-    for (const std::string& component : components) plain = hostJoin(plain, hostNameOf(component));
+    for (const std::string& component : components)
+        plain = hostJoin(plain, hostNameOf(component));
     HostStatus status;
     if (hostStatus(plain, status) == 0) return plain;
     std::string path = root_;

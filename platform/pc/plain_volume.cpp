@@ -88,9 +88,8 @@ std::vector<std::string> PlainVolume::namesIn(const std::string& folder) const {
 Error PlainVolume::find(const std::string& folder, const std::string& component, std::string& name,
                         HostStatus& status) {
     name = hostComponent(component);
-    // The host's own short names are not this volume's.
-    const bool ambiguous = kHostIgnoresCase && name.find('~') != std::string::npos;
-    Error error = ambiguous ? kFileNotFound : hostStatus(hostJoin(folder, name), status);
+    // Such a host would find a file by other letters than it keeps, and by a short name of its own.
+    const Error error = kHostIgnoresCase ? kFileNotFound : hostStatus(hostJoin(folder, name), status);
     if (error != kFileNotFound) return error;
     const std::vector<std::string> names = namesIn(folder);
     const std::string wanted = upperCase(name);
@@ -146,7 +145,7 @@ Error PlainVolume::locateExisting(const std::string& path, Place& place) {
 }
 
 std::string PlainVolume::shortNameIn(const std::string& folder, const std::string& hostName) {
-    const std::string shown = windowsNameOf(hostName);
+    std::string shown = windowsNameOf(hostName);
     if (!ntfs()) return shown;
     return shortNames_.shortNameOf(folder, shown, [&] {
         std::vector<std::string> names = namesIn(folder);
@@ -225,7 +224,8 @@ Error PlainVolume::remove(const std::string& path) {
 Error PlainVolume::removeStreams(const Place& place) {
     std::vector<HostItem> items;
     Error result = hostList(place.folder, items);
-    for (const char* stream : kMacStreams) items.push_back({place.name + ":" + stream, false});
+    for (const char* stream : kMacStreams)
+        items.push_back({place.name + ":" + stream, false});
     for (const HostItem& item : items) {
         if (!item.name.starts_with(place.name + ":")) continue;
         const Error error = discardFile(hostJoin(place.folder, item.name), *space_);
@@ -248,7 +248,8 @@ Error PlainVolume::shortPath(const std::string& path, std::string& shortForm) {
     if (error == 0) error = place.found;
     if (error != 0) return error;
     shortForm.clear();
-    for (const std::string& name : names) shortForm += (shortForm.empty() ? "" : "\\") + name;
+    for (const std::string& name : names)
+        shortForm += (shortForm.empty() ? "" : "\\") + name;
     if (parsed.folderOnly) shortForm += '\\';
     return 0;
 }

@@ -20,13 +20,15 @@ constexpr char32_t kPrivateUseEnd = 0xF8FF;
 
 size_t countCharacters(std::string_view text) {
     size_t count = 0;
-    for (size_t position = 0; position < text.size(); ++count) nextCharacter(text, position);
+    for (size_t position = 0; position < text.size(); ++count)
+        nextCharacter(text, position);
     return count;
 }
 
 std::string firstCharacters(std::string_view text, size_t count) {
     size_t position = 0;
-    while (count-- > 0 && position < text.size()) nextCharacter(text, position);
+    while (count-- > 0 && position < text.size())
+        nextCharacter(text, position);
     return std::string(text.substr(0, position));
 }
 
@@ -61,7 +63,8 @@ std::string freeAlias(const std::string& name, const std::set<std::string>& take
     for (size_t n = 1;; ++n) {
         const std::string tail = "~" + std::to_string(n);
         const size_t kept = std::min(kKeptOfBase, kBaseLength - std::min(kBaseLength, tail.size()));
-        std::string alias = firstCharacters(base, kept) + tail + extension;
+        std::string alias = firstCharacters(base, kept);
+        alias.append(tail).append(extension);
         if (!taken.contains(alias)) return alias;
     }
 }
@@ -81,8 +84,10 @@ void ShortNames::assign(Aliases& aliases, const Names& existing, const Names& wa
     const std::set<std::string> present(existing.begin(), existing.end());
     std::erase_if(aliases, [&](const auto& alias) { return !present.contains(alias.first); });
     std::set<std::string> taken;
-    for (const std::string& name : existing) taken.insert(upperCase(name));
-    for (const auto& [name, alias] : aliases) taken.insert(alias);
+    for (const std::string& name : existing)
+        taken.insert(upperCase(name));
+    for (const auto& [name, alias] : aliases)
+        taken.insert(alias);
     for (const std::string& name : wanting) {
         if (isShortName(name) || aliases.contains(name)) continue;
         taken.insert(aliases[name] = freeAlias(name, taken));

@@ -42,9 +42,7 @@ char32_t nextCharacter(std::string_view text, size_t& position) {
 }
 
 void appendCharacter(std::string& text, char32_t character) {
-    const auto tail = [&](int shift) {
-        text += static_cast<char>(0x80 | ((character >> shift) & 0x3F));
-    };
+    const auto tail = [&](int shift) { text += static_cast<char>(0x80 | ((character >> shift) & 0x3F)); };
     if (character < 0x80) {
         text += static_cast<char>(character);
     } else if (character < 0x800) {

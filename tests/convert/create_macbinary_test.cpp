@@ -40,9 +40,10 @@ void checkForks(const Bytes& packed, const MacFile& file) {
 }  // namespace
 
 TEST_CASE("Forks of every length at a boundary are packed") {
+    constexpr size_t kLengths[] = {0, 1, 127, 128, 129, 65535, 65536, 65537, 300000};
     TestPc pc;
     for (const char* path : {"M:\\file", "N:\\file"}) {
-        for (const size_t length : {0, 1, 127, 128, 129, 65535, 65536, 65537, 300000}) {
+        for (const size_t length : kLengths) {
             const MacFile both = {.data = patternOf(length), .resource = patternOf(length, 99)};
             writeMacFile(path, both);
             CHECK(createFrom(path) == 0);

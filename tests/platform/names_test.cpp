@@ -13,9 +13,9 @@ TEST_CASE("UTF-8 and UTF-16 give each other back, and broken bytes are told") {
     const std::string text = "a\u00E9\u20AC\U0001F4BE";
     CHECK(utf16FromUtf8(text) == u"a\u00E9\u20AC\U0001F4BE");
     CHECK(utf8FromUtf16(utf16FromUtf8(text)) == text);
-    CHECK(utf16FromUtf8("\xC0\xAF") == u"\uFFFD\uFFFD");              // overlong
-    CHECK(utf16FromUtf8("\xED\xA0\x80") == u"\uFFFD\uFFFD\uFFFD");    // a surrogate
-    CHECK(utf16FromUtf8("\xE2\x82") == u"\uFFFD\uFFFD");              // cut short
+    CHECK(utf16FromUtf8("\xC0\xAF") == u"\uFFFD\uFFFD");            // overlong
+    CHECK(utf16FromUtf8("\xED\xA0\x80") == u"\uFFFD\uFFFD\uFFFD");  // a surrogate
+    CHECK(utf16FromUtf8("\xE2\x82") == u"\uFFFD\uFFFD");            // cut short
     CHECK(utf16FromUtf8("\xF5\x80\x80\x80x") == u"\uFFFD\uFFFD\uFFFD\uFFFDx");
     CHECK(utf8FromUtf16(std::u16string{0xDC00, 0xD800, 'x'}) == "\uFFFD\uFFFDx");
 }
@@ -23,7 +23,8 @@ TEST_CASE("UTF-8 and UTF-16 give each other back, and broken bytes are told") {
 TEST_CASE("letters are compared in any case") {
     CHECK(equalIgnoringCase("Read Me.TXT", "rEAD mE.txt"));
     CHECK(equalIgnoringCase("\u00C5ngstr\u00F6m \u017Dlu\u0165", "\u00E5NGSTR\u00D6M \u017ELU\u0164"));
-    CHECK(equalIgnoringCase("\u039B\u03CC\u03B3\u03BF\u03C2 \u0416\u0451", "\u03BB\u038C\u0393\u039F\u03A3 \u0436\u0401"));
+    CHECK(equalIgnoringCase("\u039B\u03CC\u03B3\u03BF\u03C2 \u0416\u0451",
+                            "\u03BB\u038C\u0393\u039F\u03A3 \u0436\u0401"));
     CHECK_FALSE(equalIgnoringCase("\u00D7", "\u00F7"));  // signs between the letters
     CHECK_FALSE(equalIgnoringCase("a", "b"));
     CHECK(upperCase("\xFF\xFEz") == "\xFF\xFEZ");
@@ -31,8 +32,7 @@ TEST_CASE("letters are compared in any case") {
 
 TEST_CASE("what Windows reserves is replaced and restored") {
     const std::string reserved = "a\"b*c:d<e>f?g\\h|\x01\x1F";
-    const std::string replaced =
-        "a\uF020b\uF021c\uF022d\uF023e\uF024f\uF025g\uF026h\uF027\uF001\uF01F";
+    const std::string replaced = "a\uF020b\uF021c\uF022d\uF023e\uF024f\uF025g\uF026h\uF027\uF001\uF01F";
     CHECK(replaceReserved(reserved) == replaced);
     CHECK(restoreReserved(replaced) == reserved);
     CHECK(windowsNameOf(reserved) == replaced);
@@ -59,7 +59,8 @@ TEST_CASE("what Windows reserves is replaced and restored") {
 
 TEST_CASE("Mac Roman has a character for every byte and gives the byte back") {
     std::string bytes;
-    for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
+    for (int byte = 0; byte < 256; ++byte)
+        bytes += static_cast<char>(byte);
     CHECK(macRomanFromUtf8(utf8FromMacRoman(bytes)) == bytes);
     CHECK(utf8FromMacRoman("\x80\xA5\xDB\xF0\xFC\xFD\xFF") == "\u00C4\u2022\u20AC\uF8FF\u00B8\u02DD\u02C7");
 }

@@ -88,7 +88,8 @@ std::string TempFolder::read(std::string_view name) const {
     std::FILE* const file = openOrThrow(path(name), L"rb");
     std::string bytes;
     char block[4096];
-    while (const size_t got = std::fread(block, 1, sizeof block, file)) bytes.append(block, got);
+    while (const size_t got = std::fread(block, 1, sizeof block, file))
+        bytes.append(block, got);
     std::fclose(file);
     return bytes;
 }
@@ -104,7 +105,8 @@ void TempFolder::remove(std::string_view name) const {
 std::vector<std::string> TempFolder::names(std::string_view folder) const {
     std::vector<std::string> names;
     const std::string path = folder.empty() ? path_ : this->path(folder);
-    for (const WIN32_FIND_DATAW& item : itemsIn(path)) names.push_back(narrow(item.cFileName));
+    for (const WIN32_FIND_DATAW& item : itemsIn(path))
+        names.push_back(narrow(item.cFileName));
     std::sort(names.begin(), names.end());
     return names;
 }

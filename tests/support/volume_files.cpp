@@ -9,7 +9,8 @@ namespace {
 
 uint32_t loadBig(const std::string& bytes, size_t offset, size_t count) {
     uint32_t value = 0;
-    for (size_t i = 0; i < count; ++i) value = value << 8 | static_cast<uint8_t>(bytes.at(offset + i));
+    for (size_t i = 0; i < count; ++i)
+        value = value << 8 | static_cast<uint8_t>(bytes.at(offset + i));
     return value;
 }
 
@@ -82,7 +83,8 @@ pc::Error changeFinderInfo(pc::Volume& volume, const std::string& item, const st
 std::string appleDoubleHeader(const std::vector<RawEntry>& entries) {
     std::string header = big32(0x00051607) + big32(0x00020000) + std::string(16, '\0');
     header += big16(static_cast<uint32_t>(entries.size()));
-    for (const RawEntry& entry : entries) header += big32(entry.id) + big32(entry.offset) + big32(entry.length);
+    for (const RawEntry& entry : entries)
+        header += big32(entry.id) + big32(entry.offset) + big32(entry.length);
     return header;
 }
 
@@ -107,6 +109,7 @@ std::string big32(uint32_t value) {
 
 std::string patternText(size_t size, unsigned seed) {
     std::string text(size, '\0');
-    for (size_t i = 0; i < size; ++i) text[i] = static_cast<char>((i + seed) * 2654435761u >> 24);
+    for (size_t i = 0; i < size; ++i)
+        text[i] = static_cast<char>((i + seed) * 2654435761u >> 24);
     return text;
 }

@@ -1,0 +1,262 @@
+#include "support/temp_folder.h"
+#include "support/volume_files.h"
+
+#include <doctest/doctest.h>
+
+#include <memory>
+
+namespace {
+
+const std::string kFork = std::string("a") + kResourceFile;
+const std::string kInfo = std::string("a") + kFinderFile;
+const std::string kText = "TEXTttxt" + std::string(8, '\x11');
+
+// A volume with the file "a".
+struct MacFile {
+    TempFolder folder;
+    std::unique_ptr<pc::Volume> volume = pc::makeMacVolume(folder.path());
+
+    MacFile() { folder.write("a", "data"); }
+
+    std::string stored() const { return folder.read("._a"); }
+    std::string entry(uint32_t id) const { return entryOf(stored(), id); }
+};
+
+// As macOS writes it: the Finder information with extended attributes behind it, then the resource fork.
+std::string macosFile(const std::string& fork) {
+    std::string info = "APPLMSWD" + std::string(26, '\x22');
+    info += "ATTR" + patternText(3760 - info.size() - 4);
+    const uint32_t behind = 50 + 3760;
+    return appleDoubleHeader({{9, 50, 3760}, {2, behind, static_cast<uint32_t>(fork.size())}}) + info + fork;
+}
+
+}  // namespace
+
+TEST_CASE_FIXTURE(MacFile, "a new file holds name, dates, settings and the resource fork last") {
+    REQUIRE(writeFile(*volume, kFork, "fork") == 0);
+    REQUIRE(changeFinderInfo(*volume, "a", kText, 0x01) == 0);
+    const std::string file = stored();
+    CHECK(file.substr(0, 26) == big32(0x00051607) + big32(0x00020000) + std::string(16, '\0') + big16(5));
+    CHECK(entry(3) == "a");
+    CHECK(entry(8).size() == 16);
+    CHECK(entry(8).substr(8) == big32(0x80000000) + big32(0x80000000));
+    CHECK(entry(8).substr(0, 4) == entry(8).substr(4, 4));
+    CHECK(static_cast<uint8_t>(entry(8)[0]) < 0x80);  // after 2000
+    CHECK(entry(9) == kText + std::string(16, '\0'));
+    CHECK(entry(10) == big32(1));
+    CHECK(file.size() == 26 + 5 * 12 + 1 + 16 + 32 + 4 + 4);
+    CHECK(file.substr(file.size() - 4) == "fork");
+    CHECK(folder.names() == std::vector<std::string>{"._a", "a"});
+}
+
+TEST_CASE_FIXTURE(MacFile, "settings alone make no resource fork, and come to be even when all are 0") {
+    REQUIRE(changeFinderInfo(*volume, "a", std::string(16, '\0')) == 0);
+    CHECK(entry(9) == std::string(32, '\0'));
+    CHECK(entry(2) == "none");
+    const std::string before = stored();
+    REQUIRE(changeFinderInfo(*volume, "a", std::string(16, '\0')) == 0);
+    CHECK(stored() == before);
+    REQUIRE(writeFile(*volume, kFork, "fork") == 0);
+    CHECK(entry(2) == "fork");
+    CHECK(entry(3) == "a");
+}
+
+TEST_CASE_FIXTURE(MacFile, "macOS' layout stays byte for byte where it was") {
+    const std::string original = macosFile("fork");
+    folder.write("._a", original);
+    CHECK(contentsOf(*volume, kInfo).substr(523, 8) == "APPLMSWD");
+    std::string expected = original;
+    expected.replace(50, 16, kText);
+
+    // The attribute byte has no place without moving macOS' attributes.
+    REQUIRE(changeFinderInfo(*volume, "a", kText, 0x01) == 0);
+    CHECK(stored() == expected);
+    CHECK(contentsOf(*volume, kInfo)[521] == 0);
+
+    REQUIRE(writeFile(*volume, kFork, "longer fork") == 0);
+    expected = macosFile("longer fork");
+    expected.replace(50, 16, kText);
+    CHECK(stored() == expected);
+
+    REQUIRE(volume->remove(kFork) == 0);
+    CHECK(entry(2) == "none");
+    CHECK(entry(9) == expected.substr(50, 3760));
+    CHECK(stored().substr(50) == expected.substr(50, 3760));
+    // The place the entry had in the header is free for it again.
+    REQUIRE(writeFile(*volume, kFork, "back") == 0);
+    expected = macosFile("back");
+    expected.replace(50, 16, kText);
+    CHECK(stored() == expected);
+}
+
+TEST_CASE_FIXTURE(MacFile, "entries, gaps and bytes of no known meaning survive") {
+    // The resource fork first; a gap; an unknown entry; Finder information; an empty entry; a tail.
+    std::string original =
+        appleDoubleHeader({{7, 110, 6}, {2, 90, 10}, {9, 120, 32}, {12, 0, 0}, {0x1234, 160, 5}});
+    original[8] = 'F';
+    original += "pads" + std::string("0123456789") + "gap-gap-ga" + "entry7" + "gap!" + "APPLMSWD" +
+                std::string(24, '\x33') + "more-gap" + "12345" + "tail";
+    REQUIRE(original.size() == 169);
+    folder.write("._a", original);
+    const auto others = [&] { return entry(7) + entry(12) + entry(0x1234); };
+    REQUIRE(contentsOf(*volume, kFork) == "0123456789");
+
+    SUBCASE("a change of settings changes only them") {
+        std::string expected = original;
+        expected.replace(120, 16, kText);
+        REQUIRE(changeFinderInfo(*volume, "a", kText) == 0);
+        CHECK(stored() == expected);
+    }
+    SUBCASE("a new entry moves the rest") {
+        REQUIRE(changeFinderInfo(*volume, "a", kText, 0x01) == 0);
+        CHECK(entry(10) == big32(1));
+        CHECK(entry(9) == kText + std::string(16, '\x33'));
+        CHECK(entry(2) == "0123456789");
+        CHECK(stored().substr(26 + 6 * 12, 28) == original.substr(86, 28));
+        CHECK(stored().find("gap!") != std::string::npos);
+        CHECK(stored().find("more-gap12345tail") != std::string::npos);
+        CHECK(others() == "entry712345");
+        CHECK(stored()[8] == 'F');
+    }
+    SUBCASE("a growing fork goes to the end") {
+        pc::Opened opened;
+        REQUIRE(openFile(*volume, kFork, openExisting, opened) == 0);
+        REQUIRE(opened.file->write(3, "XYZ", 3) == 0);
+        CHECK(stored().size() == original.size());
+        REQUIRE(opened.file->write(12, patternText(500000).data(), 500000) == 0);
+        CHECK(entry(2) == "012XYZ6789" + std::string(2, '\0') + patternText(500000));
+        CHECK(stored().substr(stored().size() - 500000) == patternText(500000));
+        CHECK(entry(9).substr(0, 8) == "APPLMSWD");
+        CHECK(others() == "entry712345");
+        CHECK(stored().find("tail") != std::string::npos);
+    }
+    SUBCASE("a replaced fork leaves nothing of the old") {
+        REQUIRE(writeFile(*volume, kFork, "new") == 0);
+        CHECK(entry(2) == "new");
+        CHECK(stored().find("012") == std::string::npos);
+        CHECK(others() == "entry712345");
+        CHECK(stored().find("gap-gap-ga") != std::string::npos);
+    }
+    SUBCASE("a removed fork, too") {
+        REQUIRE(volume->remove(kFork) == 0);
+        CHECK(entry(2) == "none");
+        CHECK(stored().find("012") == std::string::npos);
+        CHECK(others() == "entry712345");
+    }
+}
+
+TEST_CASE_FIXTURE(MacFile, "short and missing entries read as zeros and are completed") {
+    folder.write("._a", appleDoubleHeader({{9, 50, 4}, {2, 54, 4}}) + "TEXT" + "fork");
+    CHECK(contentsOf(*volume, kInfo).substr(523, 16) == "TEXT" + std::string(12, '\0'));
+    REQUIRE(changeFinderInfo(*volume, "a", kText, 0x02) == 0);
+    CHECK(entry(9) == kText + std::string(16, '\0'));
+    CHECK(entry(10) == big32(2));
+    CHECK(entry(2) == "fork");
+
+    folder.write("._a", appleDoubleHeader({}));
+    CHECK(contentsOf(*volume, kInfo).substr(523, 16) == std::string(16, '\0'));
+    REQUIRE(changeFinderInfo(*volume, "a", kText) == 0);
+    CHECK(entry(9) == kText + std::string(16, '\0'));
+}
+
+TEST_CASE_FIXTURE(MacFile, "a fork of many sizes keeps its header right") {
+    REQUIRE(writeFile(*volume, kFork, "") == 0);
+    pc::Opened opened;
+    REQUIRE(openFile(*volume, kFork, openExisting, opened) == 0);
+    std::string expected;
+    const auto check = [&] {
+        CHECK(entry(2) == expected);
+        CHECK(stored().size() == 139 + expected.size());
+    };
+    for (const size_t size : {1u, 65536u, 100u, 0u, 70000u, 69999u}) {
+        CAPTURE(size);
+        REQUIRE(opened.file->setSize(size) == 0);
+        expected.resize(size);
+        check();
+        REQUIRE(opened.file->write(size, "end", 3) == 0);
+        expected += "end";
+        check();
+    }
+    char byte = 'x';
+    CHECK(opened.file->write(0xFFFFFFFF, &byte, 1) == 223);
+    CHECK(opened.file->setSize(0x100000000) == 223);
+    size_t got = 1;
+    CHECK(opened.file->read(expected.size(), &byte, 1, got) == 0);
+    CHECK(got == 0);
+    check();
+}
+
+TEST_CASE_FIXTURE(MacFile, "damaged files give 1392 and are left alone") {
+    const std::string sound = appleDoubleHeader({{9, 50, 32}, {2, 82, 4}}) + std::string(32, 'i') + "fork";
+    const auto with = [&](size_t offset, const std::string& bytes) {
+        return std::string(sound).replace(offset, bytes.size(), bytes);
+    };
+    const struct {
+        const char* name;
+        std::string bytes;
+    } damages[] = {
+        {"empty", ""},
+        {"shorter than the fixed part", sound.substr(0, 25)},
+        {"shorter than its entries", sound.substr(0, 49)},
+        {"cut within an entry", sound.substr(0, 85)},
+        {"other magic number", with(0, big32(0x00051600))},
+        {"other version", with(4, big32(0x00010000))},
+        {"more entries than bytes", with(24, big16(0xFFFF))},
+        {"same identifier twice", with(38, big32(9))},
+        {"offset behind the end", with(42, big32(87))},
+        {"offset near 4 GB", with(42, big32(0xFFFFFFFF))},
+        {"length near 4 GB", with(46, big32(0xFFFFFFFF))},
+        {"entry in the header", with(42, big32(49))},
+        {"entry within another", with(42, big32(60))},
+        {"entries begin together", with(42, big32(50))},
+    };
+    for (const auto& damage : damages) {
+        CAPTURE(damage.name);
+        folder.write("._a", damage.bytes);
+        CHECK(openError(*volume, kFork) == 1392);
+        CHECK(openError(*volume, kFork, createAlways) == 1392);
+        CHECK(openError(*volume, kInfo) == 1392);
+        CHECK(changeFinderInfo(*volume, "a", kText) == 1392);
+        CHECK(identityOf(*volume, kFork) == "error 1392");
+        CHECK(volume->remove(kFork) == 1392);
+        CHECK(stored() == damage.bytes);
+        CHECK(contentsOf(*volume, "a") == "data");
+        CHECK(folder.names().size() == 2);
+    }
+    // What only asks for sizes does not need them: the volume stays a Mac volume.
+    CHECK(identityOf(*volume, kInfo) != "error 1392");
+    REQUIRE(volume->remove("a") == 0);
+    CHECK(folder.names().empty());
+}
+
+TEST_CASE_FIXTURE(MacFile, "a full disk leaves the old information as it was, and nothing beside it") {
+    volume->setFreeSpace(100);
+    CHECK(changeFinderInfo(*volume, "a", kText) == 112);
+    CHECK(writeFile(*volume, kFork, "fork") == 112);
+    CHECK(folder.names() == std::vector<std::string>{"a"});
+    volume->setFreeSpace(1000);
+    REQUIRE(writeFile(*volume, kFork, "fork") == 0);
+    const std::string before = stored();
+
+    for (uint64_t space = 0; space < before.size(); space += 10) {
+        volume->setFreeSpace(space);
+        CHECK(changeFinderInfo(*volume, "a", kText) == 112);
+        CHECK(stored() == before);
+        CHECK(folder.names().size() == 2);
+    }
+    volume->setFreeSpace(before.size());
+    REQUIRE(changeFinderInfo(*volume, "a", kText) == 0);
+
+    // The room the old file had is free again; the fork takes it to the last byte.
+    pc::Opened opened;
+    REQUIRE(openFile(*volume, kFork, openExisting, opened) == 0);
+    const std::string filling = patternText(before.size() + 1);
+    const std::string full = stored();
+    CHECK(opened.file->write(4, filling.data(), filling.size()) == 112);
+    CHECK(stored() == full);
+    CHECK(opened.file->write(4, filling.data(), filling.size() - 1) == 0);
+    CHECK(entry(2) == "fork" + filling.substr(0, filling.size() - 1));
+    opened.file.reset();
+    REQUIRE(volume->remove("a") == 0);
+    CHECK(writeFile(*volume, "b", std::string(2 * before.size() + 5, 'x')) == 112);
+}
