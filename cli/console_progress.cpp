@@ -3,6 +3,7 @@
 #include "ui/progress_display.h"
 
 #include "host.h"
+#include "report.h"
 
 #include <algorithm>
 #include <memory>
@@ -55,9 +56,9 @@ void draw(int64_t now) {
     const size_t range = std::max<size_t>(line->range, 1);
     const size_t position = std::min<size_t>(line->position, range);
     const size_t filled = kBarWidth * position / range;
-    std::string text = shortened(line->title) + "  [" + std::string(filled, '#') +
-                       std::string(kBarWidth - filled, '-') + "] " + std::to_string(100 * position / range) +
-                       "%  " + line->remaining;
+    std::string text = shortened(cli::shownOn(cli::Stream::errors, line->title)) + "  [" +
+                       std::string(filled, '#') + std::string(kBarWidth - filled, '-') + "] " +
+                       std::to_string(100 * position / range) + "%  " + line->remaining;
     text.resize(std::min<size_t>(text.size(), cli::terminalWidth() - 1));
     const size_t rest = line->onScreen > text.size() ? line->onScreen - text.size() : 0;
     cli::print(cli::Stream::errors, '\r' + text + std::string(rest, ' '));
@@ -107,9 +108,8 @@ void setPosition(ProgressDialog&, uint16_t position) {
     line->position = position;
 }
 
-// Called before a question, which takes the line.
+// What is said next takes the line.
 void showNow(ProgressDialog&) {
-    line->due = true;
     erase();
 }
 

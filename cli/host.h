@@ -20,8 +20,15 @@ class Host {
     Host& operator=(const Host&) = delete;
 };
 
-// The full Windows path of a path as the user typed it. What the path names need not exist.
+// The full Windows path of a path as the user typed it, which need not name anything; as it was typed where
+// the system cannot tell.
 std::string windowsPathOf(const std::string& typed);
+
+// Equal for the paths that the host takes for one.
+std::string pathKeyOf(const std::string& windowsPath);
+
+// Where the help says Mac information is.
+const char* macInformationHelp();
 
 // A file name of a Windows path as the user knows it, below the folder `typedFolder`.
 std::string typedPathOf(const std::string& typedFolder, const char* windowsName);
@@ -31,8 +38,8 @@ bool isTerminal(Stream stream);
 // How many characters fit in a line of the terminal.
 unsigned terminalWidth();
 
-// Control characters, which could take over a terminal, do not reach one.
-void print(Stream stream, const std::string& text);
+// Whether all of the text was taken.
+bool print(Stream stream, const std::string& text);
 
 // A line of the user's input without its end; nothing at the end of the input or after an interrupt.
 std::optional<std::string> readLine();

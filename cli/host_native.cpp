@@ -1,7 +1,9 @@
 #include "host.h"
 
-#include "../platform/pc/host_name.h"
-#include "../platform/pc/pc.h"
+#include "pc/host_name.h"
+#include "pc/pc.h"
+
+#include "macfile/path.h"
 #include "module/module_state.h"
 
 #include <csignal>
@@ -17,9 +19,6 @@ namespace {
 // The drive that shows the host's file system.
 constexpr char kHostDrive = 'Z';
 
-// Room for the longest path that is taken, and for what the volume adds to it to name its Mac information.
-constexpr size_t kPathLimit = 520;
-
 pc::Pc* thePc;
 volatile std::sig_atomic_t interruptCount;
 
@@ -32,6 +31,9 @@ void catchInterrupts() {
     action.sa_handler = onInterrupt;  // without SA_RESTART, so that a question is interrupted, too
     for (const int signal : {SIGINT, SIGTERM, SIGHUP})
         sigaction(signal, &action, nullptr);
+    // A reader of the output that goes away shows as a failed write.
+    action.sa_handler = SIG_IGN;
+    sigaction(SIGPIPE, &action, nullptr);
 }
 
 int descriptorOf(Stream stream) {
@@ -43,14 +45,15 @@ int descriptorOf(Stream stream) {
     return STDERR_FILENO;
 }
 
-void writeAll(int descriptor, const char* bytes, size_t count) {
+bool writeAll(int descriptor, const char* bytes, size_t count) {
     while (count > 0) {
         const ssize_t written = write(descriptor, bytes, count);
         if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return;  // nobody is left to tell
+        if (written <= 0) return false;
         bytes += written;
         count -= static_cast<size_t>(written);
     }
+    return true;
 }
 
 // Follows the links of the folders on the way, but not of the file itself, whose name is wanted.
@@ -69,7 +72,9 @@ std::filesystem::path fullPathOf(const std::string& typed) {
 Host::Host() {
     thePc = new pc::Pc(pc::Platform::nt);
     thePc->setCodePage(pc::kCodePageUtf8);
-    thePc->setPathLimit(kPathLimit);
+    // Room for the longest path that is taken, and for what the volume adds to it to name its Mac
+    // information.
+    thePc->setPathLimit(tidewell::kPathCapacity);
     thePc->journal().setKept(false);
     thePc->addDrive(kHostDrive, DRIVE_FIXED, pc::makeMacVolume("/"));
     catchInterrupts();
@@ -89,6 +94,15 @@ std::string windowsPathOf(const std::string& typed) {
     return path.size() > 2 ? path : path + '\\';
 }
 
+std::string pathKeyOf(const std::string& windowsPath) {
+    return windowsPath;
+}
+
+const char* macInformationHelp() {
+    return "The resource fork and the Finder information of a file NAME are in the\n"
+           "AppleDouble file ._NAME beside it, where macOS puts them on a foreign disk.\n";
+}
+
 std::string typedPathOf(const std::string& typedFolder, const char* windowsName) {
     const std::string name = pc::hostNameOf(windowsName);
     return typedFolder.empty() ? name : (std::filesystem::path(typedFolder) / name).string();
@@ -103,15 +117,8 @@ unsigned terminalWidth() {
     return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
 }
 
-void print(Stream stream, const std::string& text) {
-    std::string shown = text;
-    if (isTerminal(stream)) {
-        for (char& c : shown) {
-            const bool control = (c >= 0 && c < ' ') || c == 0x7F;
-            if (control && c != '\n' && c != '\r') c = '?';
-        }
-    }
-    writeAll(descriptorOf(stream), shown.data(), shown.size());
+bool print(Stream stream, const std::string& text) {
+    return writeAll(descriptorOf(stream), text.data(), text.size());
 }
 
 std::optional<std::string> readLine() {

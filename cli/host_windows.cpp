@@ -39,13 +39,15 @@ HANDLE handleOf(Stream stream) {
     return GetStdHandle(STD_ERROR_HANDLE);
 }
 
-void writeAll(HANDLE file, const char* bytes, size_t count) {
+bool writeAll(HANDLE file, const char* bytes, size_t count) {
     while (count > 0) {
         DWORD written = 0;
-        if (!WriteFile(file, bytes, static_cast<DWORD>(count), &written, nullptr) || written == 0) return;
+        if (!WriteFile(file, bytes, static_cast<DWORD>(count), &written, nullptr) || written == 0)
+            return false;
         bytes += written;
         count -= written;
     }
+    return true;
 }
 
 bool endsFolder(const std::string& folder) {
@@ -71,6 +73,18 @@ std::string windowsPathOf(const std::string& typed) {
     return length == 0 || length >= sizeof full ? typed : std::string(full, length);
 }
 
+std::string pathKeyOf(const std::string& windowsPath) {
+    std::string key = windowsPath;
+    if (!key.empty()) CharUpperBuffA(key.data(), static_cast<DWORD>(key.size()));
+    return key;
+}
+
+const char* macInformationHelp() {
+    return "The resource fork and the Finder information of a file are where its disk keeps\n"
+           "them: on a Mac disk, or on NTFS in the file's streams AFP_Resource and\n"
+           "AFP_AfpInfo. Other disks keep none.\n";
+}
+
 std::string typedPathOf(const std::string& typedFolder, const char* windowsName) {
     if (typedFolder.empty()) return windowsName;
     return typedFolder + (endsFolder(typedFolder) ? "" : "\\") + windowsName;
@@ -88,13 +102,13 @@ unsigned terminalWidth() {
                : 80;
 }
 
-void print(Stream stream, const std::string& text) {
+bool print(Stream stream, const std::string& text) {
     std::string shown = text;
     if (isTerminal(stream) && !shown.empty()) {
         // A console shows the OEM code page, paths are in the ANSI one.
         CharToOemBuffA(text.c_str(), shown.data(), static_cast<DWORD>(shown.size()));
     }
-    writeAll(handleOf(stream), shown.data(), shown.size());
+    return writeAll(handleOf(stream), shown.data(), shown.size());
 }
 
 std::optional<std::string> readLine() {

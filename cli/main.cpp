@@ -23,11 +23,8 @@ constexpr char kHelp[] =
     "  --replace=yes    replace files\n"
     "  --replace=no     keep files that are there, and go on\n"
     "\n"
-    "Away from a Mac volume, the resource fork and the Finder information of a file\n"
-    "NAME are in the AppleDouble file ._NAME beside it; on NTFS, in its streams\n"
-    "AFP_Resource and AFP_AfpInfo.\n"
-    "\n"
-    "Exit status: 0 all done, 1 something failed or was cancelled, 2 wrong use.\n";
+    "Exit status: 0 all done, 1 something failed or was cancelled, 2 wrong use.\n"
+    "\n";
 
 int run(const std::vector<std::string>& arguments) {
     cli::Options options;
@@ -40,7 +37,9 @@ int run(const std::vector<std::string>& arguments) {
     const cli::Host host;
     switch (options.action) {
     case cli::Action::pack: return cli::pack(options);
-    case cli::Action::help: cli::print(cli::Stream::output, std::string(kUsage) + kHelp); break;
+    case cli::Action::help:
+        cli::print(cli::Stream::output, std::string(kUsage) + kHelp + cli::macInformationHelp());
+        break;
     case cli::Action::version: cli::print(cli::Stream::output, "tidewell " TIDEWELL_VERSION "\n"); break;
     }
     return cli::kAllDone;

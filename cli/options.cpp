@@ -27,10 +27,8 @@ std::string parseOption(const std::vector<std::string>& arguments, size_t& index
         return parseReplace(word, options.replace) ? ""
                                                    : "--replace takes ask, yes or no, not '" + word + "'";
     }
-    if (!argument.starts_with("-o")) return "there is no option '" + argument + "'";
-    options.outputFolder = argument.substr(2);
-    if (options.outputFolder.empty() && index + 1 < arguments.size())
-        options.outputFolder = arguments[++index];
+    if (argument != "-o") return "there is no option '" + argument + "'";
+    if (index + 1 < arguments.size()) options.outputFolder = arguments[++index];
     return options.outputFolder.empty() ? "-o needs a folder" : "";
 }
 

@@ -1,10 +1,10 @@
 #include "report.h"
 
-#include "host.h"
-
 namespace cli {
 
 namespace {
+
+constexpr UINT kUtf8 = 65001;
 
 // The system's text without the line break that ends it.
 std::string systemText(tidewell::ErrorCode error) {
@@ -19,8 +19,22 @@ std::string systemText(tidewell::ErrorCode error) {
 
 }  // namespace
 
+std::string shownOn(Stream stream, const std::string& name) {
+    if (!isTerminal(stream)) return name;
+    std::string shown = name;
+    for (size_t i = 0; i < shown.size(); ++i) {
+        const auto c = static_cast<unsigned char>(shown[i]);
+        // In UTF-8 a second set of them takes two bytes.
+        const bool second = c == 0xC2 && i + 1 < shown.size() && GetACP() == kUtf8 &&
+                            static_cast<unsigned char>(shown[i + 1]) < 0xA0;
+        if (c < ' ' || c == 0x7F || second) shown[i] = '?';
+        if (second) shown.erase(i + 1, 1);
+    }
+    return shown;
+}
+
 void reportFailure(const std::string& file, const Failure& failure) {
-    reportNote(file + ": error " + std::to_string(failure.error) + ": " +
+    reportNote(shownOn(Stream::errors, file) + ": error " + std::to_string(failure.error) + ": " +
                (failure.text.empty() ? systemText(failure.error) : failure.text));
 }
 

@@ -2,6 +2,8 @@
 #ifndef TIDEWELL_CLI_REPORT_H
 #define TIDEWELL_CLI_REPORT_H
 
+#include "host.h"
+
 #include "base/error_code.h"
 
 #include <string>
@@ -18,6 +20,9 @@ struct Failure {
     tidewell::ErrorCode error = 0;
     std::string text;
 };
+
+// A name as the stream may show it: to a terminal go no control characters, which could take it over.
+std::string shownOn(Stream stream, const std::string& name);
 
 // "tidewell: FILE: error N: TEXT"
 void reportFailure(const std::string& file, const Failure& failure);

@@ -19,7 +19,7 @@ std::set<const void*>& livingBlocks() {
 
 void* allocate(Call& call, SIZE_T size) {
     const pc::Error error = call.memoryFault();
-    void* const memory = error == 0 ? std::calloc(1, size == 0 ? 1 : size) : nullptr;
+    void* const memory = error == 0 ? std::calloc(1, size) : nullptr;
     if (memory == nullptr) return call.end<void*>(ERROR_NOT_ENOUGH_MEMORY, nullptr, nullptr);
     livingBlocks().insert(memory);
     if (pc::Pc* const pc = pc::Pc::current()) pc->memory().insert(memory);
@@ -41,6 +41,7 @@ bool ownsMemory(const void* memory) {
 
 LPVOID VirtualAlloc(LPVOID /*address*/, SIZE_T size, DWORD /*type*/, DWORD /*protection*/) {
     Call call("VirtualAlloc", {}, size);
+    if (size == 0) return call.end<void*>(ERROR_INVALID_PARAMETER, nullptr, nullptr);
     return allocate(call, size);
 }
 
@@ -51,7 +52,7 @@ BOOL VirtualFree(LPVOID address, SIZE_T /*size*/, DWORD /*type*/) {
 
 LPVOID HeapAlloc(HANDLE /*heap*/, DWORD /*flags*/, SIZE_T size) {
     Call call("HeapAlloc", {}, size);
-    return allocate(call, size);
+    return allocate(call, size == 0 ? 1 : size);
 }
 
 BOOL HeapFree(HANDLE /*heap*/, DWORD /*flags*/, LPVOID memory) {

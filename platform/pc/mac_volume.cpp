@@ -108,6 +108,11 @@ Error MacVolume::locate(const std::string& path, Place& place) const {
         place.driversOwn = true;
     }
     place.found = hostStatus(item.path, item.status);
+    // A link to an AppleDouble file is one, too.
+    if (place.found == 0 && !item.root) {
+        const std::string target = hostAbsolute(item.path);
+        place.driversOwn = place.driversOwn || belongsToDriver(target.substr(target.rfind('/') + 1));
+    }
     if (place.driversOwn) place.found = kFileNotFound;
     if (place.found != 0 && place.found != kFileNotFound) return place.found;
     const bool folder = place.found == 0 && item.status.kind == HostKind::folder;

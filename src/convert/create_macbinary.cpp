@@ -20,21 +20,14 @@ struct OpenForks {
 ErrorCode openForReading(const char* path, OwnedFile& file) {
     file = OwnedFile(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                  FILE_ATTRIBUTE_NORMAL, nullptr));
-    return file ? 0 : lastErrorOr(ERROR_FILE_NOT_FOUND);
+    return file ? 0 : lastErrorOr(ERROR_GEN_FAILURE);
 }
 
 // 2 when there is nothing at `path`. Any other failure is no proof of that, and the file is not passed over.
 ErrorCode checkExists(const char* path) {
     if (GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES) return 0;
-    const ErrorCode error = lastErrorOr(ERROR_FILE_NOT_FOUND);
+    const ErrorCode error = lastErrorOr(ERROR_GEN_FAILURE);
     return error == ERROR_PATH_NOT_FOUND ? ERROR_FILE_NOT_FOUND : error;
-}
-
-// 2 when the file keeps no Mac information to pack.
-ErrorCode checkSource(const ForkPaths& paths) {
-    const ErrorCode error = checkExists(paths.dataPath);
-    if (error != 0 || !RunningOnNt) return error;
-    return checkExists(paths.finderInfoPath);
 }
 
 ErrorCode openForks(const ForkPaths& paths, OpenForks& forks) {
@@ -52,8 +45,7 @@ ErrorCode writeHeader(HANDLE output, MacBinaryHeader& header) {
 ErrorCode writeFork(HANDLE output, HANDLE fork, DWORD length, ProgressDialog* progress) {
     if (length == 0) return 0;
     const ErrorCode error = CopyForkToFile(fork, output, length, progress);
-    const DWORD padding = MacBinaryPadding(length);
-    return error != 0 || padding == 0 ? error : WriteZeros(output, padding);
+    return error != 0 ? error : WriteZeros(output, MacBinaryPadding(length));
 }
 
 ErrorCode writeOutput(const char* outputPath, const OpenForks& forks, MacBinaryHeader& header,
@@ -74,11 +66,9 @@ ErrorCode writeOutput(const char* outputPath, const OpenForks& forks, MacBinaryH
 }
 
 ErrorCode createMacBinaryFile(const char* sourcePath, const char* outputPath, ProgressDialog* progress) {
+    if (sourcePath == nullptr || outputPath == nullptr) return ERROR_INVALID_PARAMETER;
     ForkPathBuffers paths;
-    GetForkPaths(sourcePath, paths);
-    if (paths.dataLength == 0 || paths.resourceLength == 0 || paths.finderInfoLength == 0)
-        return ERROR_INVALID_PARAMETER;
-    ErrorCode error = checkSource(paths);
+    ErrorCode error = FindMacFile(sourcePath, paths);
     if (error != 0) return error == ERROR_FILE_NOT_FOUND ? 0 : error;
 
     OpenForks forks;
@@ -94,6 +84,15 @@ ErrorCode createMacBinaryFile(const char* sourcePath, const char* outputPath, Pr
 }
 
 }  // namespace
+
+ErrorCode FindMacFile(const char* sourcePath, ForkPaths& paths) {
+    GetForkPaths(sourcePath, paths);
+    if (paths.dataLength == 0 || paths.resourceLength == 0 || paths.finderInfoLength == 0)
+        return ERROR_INVALID_PARAMETER;
+    const ErrorCode error = checkExists(paths.dataPath);
+    // Under Windows 95 and 98 only the driver keeps Finder information, and it has one for every file.
+    return error != 0 || !RunningOnNt ? error : checkExists(paths.finderInfoPath);
+}
 
 }  // namespace tidewell
 

@@ -31,6 +31,7 @@ ErrorCode CopyForkToFile(HANDLE source, HANDLE destination, DWORD length, Progre
 }
 
 ErrorCode WriteZeros(HANDLE file, DWORD count) {
+    if (count == 0) return 0;
     const PageBuffer zeros = PageBuffer::allocate(blockOf(count));
     if (!zeros) return ERROR_NOT_ENOUGH_MEMORY;
     while (count != 0) {

@@ -66,6 +66,14 @@ static_assert(offsetof(MacBinaryHeader, secondaryHeaderLength) == 120);
 inline constexpr uint8_t kMacBinaryFieldWidths[] = {1, 64, 4, 4, 1, 1, 2, 2, 2, 1, 1, 4,
                                                     4, 4,  4, 2, 1, 4, 2, 1, 1, 2, 0};
 
+constexpr unsigned MacBinarySwappedBytes() {
+    unsigned sum = 0;
+    for (const uint8_t width : kMacBinaryFieldWidths)
+        sum += width;
+    return sum;
+}
+static_assert(MacBinarySwappedBytes() == 112);
+
 // Fills a header in host order from the Finder information at `finderInfoPath`, the name of `dataPath` (which
 // serves as the Mac name where the volume keeps none) and the sizes of the open forks; `resourceFile` may be
 // INVALID_HANDLE_VALUE. Returns 1, or 0 with the last error: 87 for Finder information of no known kind, 223

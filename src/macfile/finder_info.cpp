@@ -35,7 +35,7 @@ BOOL WriteFinderInfo(const char* finderInfoPath, const FinderInfoRecord* record)
     if (!file) return 0;
     const ErrorCode error = WriteWhole(file.get(), &record->mac, sizeOf(kind));
     if (error != 0) return failWith(error);
-    return FlushFileBuffers(file.get()) ? 1 : 0;
+    return FlushFileBuffers(file.get()) ? 1 : failWith(lastErrorOr(ERROR_GEN_FAILURE));
 }
 
 }  // namespace tidewell

@@ -65,8 +65,9 @@ struct FinderInfoRecord {
     };
 };
 
-// Reads the record at `finderInfoPath`. Returns 1, or 0 with the last error: 87 where the volume keeps none,
-// 38 for a record cut short, else the file system's (2 when the file has none).
+// Reads the record at `finderInfoPath`, which is zero-filled and has its kind set even on failure. Returns 1,
+// or 0 with the last error: 87 where the volume keeps none, 38 for a record cut short, else the file system's
+// (2 when the file has none).
 BOOL ReadFinderInfo(const char* finderInfoPath, FinderInfoRecord* record);
 
 // Writes the whole record back. Returns 1, or 0 with the last error: 87 when the path's volume is not of the

@@ -22,6 +22,16 @@ void settlePart(char* path, DWORD& length, DWORD capacity) {
     if (length == 0 && capacity != 0) path[0] = '\0';
 }
 
+// Windows passes over the periods and blanks that a name ends with.
+bool isNamed(const char* name, const char* wanted) {
+    for (; *wanted != '\0'; ++name, ++wanted) {
+        if (upperCase(*name) != *wanted) return false;
+    }
+    while (*name == '.' || *name == ' ')
+        ++name;
+    return *name == '\0';
+}
+
 }  // namespace
 
 DWORD GetResourceForkPath(const char* dataPath, char* out, DWORD capacity) {
@@ -51,11 +61,13 @@ void GetForkPaths(const char* path, ForkPaths& paths) {
 }
 
 bool IsForkPath(const char* path) {
-    const char* const name = FileNamePart(path);
-    if (equalsIgnoringCase(name, kResourceForkName) || equalsIgnoringCase(name, kFinderInfoName)) return true;
-    // A drive's colon is followed by nothing of a name that stands after a backslash.
-    const char* const beforeStream = lastCharacter(name, ':');
-    return beforeStream != nullptr || (name != path && name[-1] == ':' && name - path > 2);
+    const char* name = FileNamePart(path);
+    const bool drive = name - path == 2 && name[-1] == ':';
+    if (name != path && name[-1] == ':' && !drive) return true;
+    // Windows takes a slash for a backslash, too.
+    if (const char* const slash = lastCharacter(name, '/')) name = slash + 1;
+    return lastCharacter(name, ':') != nullptr || isNamed(name, kResourceForkName) ||
+           isNamed(name, kFinderInfoName);
 }
 
 }  // namespace tidewell

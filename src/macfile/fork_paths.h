@@ -7,8 +7,8 @@
 namespace tidewell {
 
 // The caller provides the buffers; each length is its buffer's capacity in bytes on entry and the result on
-// return. A length of 0 on return: the volume keeps no such part, or there is no such file, and the text is
-// empty.
+// return. A length of 0 on return: the volume keeps no such part, there is no such file, or the path does not
+// fit; the text is then empty, that of the data path too.
 struct ForkPaths {
     char* dataPath;
     DWORD dataLength;  // on return without the terminating NUL

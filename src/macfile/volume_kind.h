@@ -23,7 +23,7 @@ constexpr char kFinderInfoStream[] = ":AFP_AfpInfo";
 // Whether the root folder ("M:\"), or any other folder, has a Finder information of the driver.
 bool IsMacVolume(const char* rootPath);
 
-// Never fails: what cannot be told is VolumeKindOther.
+// `rootPath` is not empty. Never fails: what cannot be told is VolumeKindOther.
 VolumeKind GetVolumeKind(const char* rootPath);
 
 // The kind of the drive that a full path begins with; VolumeKindOther for a path without a drive.

@@ -1,4 +1,4 @@
-#include "busy_cursor.h"
+#include "ui/busy_cursor.h"
 
 namespace tidewell {
 

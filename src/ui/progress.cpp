@@ -1,9 +1,8 @@
-#include "progress.h"
+#include "ui/progress.h"
 
-#include "progress_arithmetic.h"
-#include "progress_display.h"
-
-#include "../base/error_code.h"
+#include "base/error_code.h"
+#include "ui/progress_arithmetic.h"
+#include "ui/progress_display.h"
 
 namespace tidewell {
 
@@ -30,7 +29,7 @@ void setDone(ProgressDialog& progress, uint64_t done) {
 }  // namespace
 
 ProgressDialog* ProgressCreate(HINSTANCE instance, const char* title, HWND owner, BOOL startPaused) {
-    if (!title) {
+    if (!instance || !title) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }

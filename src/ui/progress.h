@@ -23,10 +23,12 @@ struct ProgressDialog {
     HINSTANCE instance;  // the module that holds the display's texts
 };
 
-// A new object, or null with the last error: 87 for a null title (and, for a window, a null instance),
-// 8 without memory, else the display's own error. With `startPaused` the clock starts at the first
-// ProgressResume. The caller frees it with ProgressDestroy.
+// A new object, or null with the last error: 87 for a null instance or title, 8 without memory, else the
+// display's own error. A window shows after a second, or at the first pause. With `startPaused` the clock
+// starts at the first ProgressResume. The caller frees the object with ProgressDestroy.
 ProgressDialog* ProgressCreate(HINSTANCE instance, const char* title, HWND owner, BOOL startPaused);
+
+// Takes the display away and frees the object; null is ignored.
 void ProgressDestroy(ProgressDialog* progress);
 
 // Returns the icon shown before (null at the first call), or fails with 87 for a null argument.
@@ -38,8 +40,10 @@ BOOL ProgressSetText(ProgressDialog* progress, const char* line1, const char* li
 // Serves the display. 1: go on; 0: the user has cancelled. A null object always goes on.
 BOOL ProgressPump(ProgressDialog* progress);
 
+// The owner for prompts; null for a null object, and where the display is no window.
 HWND ProgressWindow(const ProgressDialog* progress);
 
+// Amounts are in the caller's unit; the file conversions count bytes. Each fails with 87 for a null argument.
 BOOL ProgressSetTotal(ProgressDialog* progress, const uint64_t* total);
 
 // These move the bar and serve the display; only ProgressPump tells of a cancel. Done beyond the total

@@ -1,6 +1,6 @@
-#include "progress_arithmetic.h"
+#include "ui/progress_arithmetic.h"
 
-#include "../res/resource.h"
+#include "res/resource.h"
 
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-// The numbers behind a progress display, without any display.
+// The numbers behind a progress display.
 #ifndef TIDEWELL_UI_PROGRESS_ARITHMETIC_H
 #define TIDEWELL_UI_PROGRESS_ARITHMETIC_H
 
@@ -11,7 +11,7 @@ uint8_t ProgressShift(uint64_t total);
 
 struct TimeRemaining {
     uint32_t stringId;  // its template with one "%d"; 0: no estimate, the text stays as it is
-    uint32_t number;
+    uint32_t number;    // minutes or seconds, as the template says
 };
 
 // `elapsed` in 100 ns for `done` of `total`.

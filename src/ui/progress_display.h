@@ -3,8 +3,8 @@
 #ifndef TIDEWELL_UI_PROGRESS_DISPLAY_H
 #define TIDEWELL_UI_PROGRESS_DISPLAY_H
 
-#include "progress.h"
-#include "progress_arithmetic.h"
+#include "ui/progress.h"
+#include "ui/progress_arithmetic.h"
 
 namespace tidewell {
 
@@ -20,13 +20,15 @@ BOOL create(ProgressDialog& progress, const char* title, HWND owner);
 void destroy(ProgressDialog& progress);
 
 LRESULT setIcon(ProgressDialog& progress, HICON icon);
+// A null text leaves its line as it is.
 void setText(ProgressDialog& progress, const char* line1, const char* line2);
 
 // The bar goes from 0 to `range`.
 void setRange(ProgressDialog& progress, uint16_t range);
 void setPosition(ProgressDialog& progress, uint16_t position);
 
-// Shows the display now, if it is not shown yet, instead of after its first second.
+// A prompt follows: a window shows behind it, without waiting for its first second; a terminal's line makes
+// room for it.
 void showNow(ProgressDialog& progress);
 
 // Lets the user act; sets progress.cancelled when they cancel.

@@ -1,8 +1,7 @@
 // The display of a ProgressDialog on Windows: the modeless dialog "FILEPROGRESS".
-#include "progress_display.h"
+#include "ui/progress_display.h"
 
-#include "../base/error_code.h"
-#include "../res/resource.h"
+#include "res/resource.h"
 
 #include <windows.h>
 #include <commctrl.h>
@@ -88,7 +87,6 @@ INT_PTR CALLBACK progressProcedure(HWND window, UINT message, WPARAM wParam, LPA
 namespace progress_display {
 
 BOOL create(ProgressDialog& progress, const char* title, HWND owner) {
-    if (!progress.instance) return failWith(ERROR_INVALID_PARAMETER);
     InitCommonControls();
     Creation creation{progress, title};
     progress.window = CreateDialogParamA(progress.instance, "FILEPROGRESS", owner, progressProcedure,
@@ -129,16 +127,20 @@ void showNow(ProgressDialog& progress) {
 
 void serve(ProgressDialog& progress) {
     MSG message;
+    bool quits = false;
+    int exitCode = 0;
     while (PeekMessageA(&message, progress.window, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
-            // Whatever the filter: it ends the loop that runs the thread, and has to reach it.
-            PostQuitMessage(static_cast<int>(message.wParam));
-            return;
+            // It comes whatever the filter, and before any input.
+            quits = true;
+            exitCode = static_cast<int>(message.wParam);
+        } else if (!IsDialogMessageA(progress.window, &message)) {
+            TranslateMessage(&message);
+            DispatchMessageA(&message);
         }
-        if (IsDialogMessageA(progress.window, &message)) continue;
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
     }
+    // It ends the loop that runs the thread, and has to reach it.
+    if (quits) PostQuitMessage(exitCode);
 }
 
 }  // namespace progress_display

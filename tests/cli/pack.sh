@@ -4,7 +4,7 @@
 
 run
 same "no command: status" 2 "$status"
-for wrong in "unpack" "pack" "pack --replace=maybe x" "pack -o" "pack --fast x" "--fast"; do
+for wrong in "unpack" "pack" "pack -oout x" "pack --replace=maybe x" "pack -o" "pack --fast x" "--fast"; do
     run $wrong
     same "$wrong: status" 2 "$status"
     same "$wrong: output" "" "$out"
@@ -19,7 +19,7 @@ run --version
 mac_file make Read.Me 1000 500 TEXT ttxt 0100
 mac_file make Notes 2000 0 TEXT ttxt 0100
 mkdir -p out
-run pack -oout Read.Me ./Notes
+run pack -o out Read.Me ./Notes
 same "two files" $'packed Read.Me -> out/Read.bin\npacked ./Notes -> out/Notes.bin' "$out"
 same "two files: messages" "" "$messages"
 same "two files: status" 0 "$status"
@@ -48,7 +48,7 @@ rm -f Notes.bin
 run pack --replace=yes Notes sub/Notes
 same "an output of this run is not replaced: status" 1 "$status"
 same "an output of this run is not replaced" "packed Notes -> Notes.bin" "$out"
-[[ $messages == "tidewell: sub/Notes: error 80: "* ]] || fail "an output of this run: $messages"
+[[ $messages == "tidewell: sub/Notes: error 32: "*"written a moment ago"* ]] || fail "an output of this run: $messages"
 
 # Bad input: an error each, the others done, nothing left behind.
 error() {
@@ -89,6 +89,24 @@ ln -sf ../self.bin out/self.bin
 run pack --replace=yes -o out self.bin
 [[ $messages == "tidewell: self.bin: error 32: "* ]] || fail "itself by a symbolic link: $messages"
 same_bytes "the source is whole" self.bin before
+
+# Neither the AppleDouble file of a source nor another source is ever an output.
+cp ._self.bin before
+ln -sf ../._self.bin out/self.bin
+run pack --replace=yes -o out self.bin
+same "its AppleDouble file by a link: status" 1 "$status"
+same_bytes "the AppleDouble file is whole" ._self.bin before
+rm out/self.bin
+mac_file make self 10 10 TEXT ttxt 0
+cp self.bin before
+run pack --replace=yes self self.bin
+[[ $messages == "tidewell: self: error 32: "*"tidewell: self.bin: error 32: "* ]] || fail "another source: $messages"
+same_bytes "another source is whole" self.bin before
+
+# An output that nobody takes is no success.
+run_status=0
+"$TIDEWELL" pack --replace=yes -o out self >/dev/full 2>messages || run_status=$?
+same "a full standard output" 1 "$run_status"
 
 # Names that Windows could not hold.
 for name in 'a:b' 'a\b' 'a*b?' 'end. ' ':' '-x'; do

@@ -88,8 +88,9 @@ TEST_CASE("Fork paths are told from paths of files") {
     TestPc pc;
     for (const char* fork :
          {"C:\\a\\b:AFP_AfpInfo", "C:b:AFP_AfpInfo", "b::x", "M:\\a\\{4dd19184-ACE2-11CF-BBF2-444553540000}",
-          "M:\\{4DD19183-ACE2-11CF-BBF2-444553540000}"})
+          "M:\\{4DD19183-ACE2-11CF-BBF2-444553540000}", "M:/a/{4DD19183-ACE2-11CF-BBF2-444553540000}. .",
+          "C:/a/b:x"})
         CHECK_MESSAGE(IsForkPath(fork), fork);
-    for (const char* file : {"C:\\a\\b.bin", "C:b.bin", "b.bin", "C:\\a:b\\c", ""})
+    for (const char* file : {"C:\\a\\b.bin", "C:b.bin", "b.bin", "C:\\a:b\\c", "C:/a/b.bin", ""})
         CHECK_MESSAGE(!IsForkPath(file), file);
 }

@@ -62,8 +62,8 @@ TEST_CASE("The library carries its resources and can be loaded again and again")
         char text[128];
         CHECK(LoadStringA(library.module(), IDS_MINUTES_REMAINING, text, sizeof text) > 0);
         CHECK(std::string(text) == "%d Minutes Remaining");
-        CHECK(LoadIconA(library.module(), MAKEINTRESOURCEA(IDI_CREATE_MACBINARY)) != nullptr);
-        CHECK(LoadIconA(library.module(), MAKEINTRESOURCEA(IDI_EXTRACT)) != nullptr);
+        for (const int icon : {IDI_CREATE_MACBINARY, IDI_EXTRACT})
+            CHECK(FindResourceA(library.module(), MAKEINTRESOURCEA(icon), RT_GROUP_ICON) != nullptr);
         CHECK(FindResourceA(library.module(), "FILEPROGRESS", RT_DIALOG) != nullptr);
         CHECK(FindResourceA(library.module(), MAKEINTRESOURCEA(1), RT_VERSION) != nullptr);
     }

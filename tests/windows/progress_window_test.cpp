@@ -228,6 +228,16 @@ TEST_CASE("The pump takes no message but the window's own") {
     DestroyWindow(other);
 }
 
+TEST_CASE("Cancel is heard while the thread is asked to end") {
+    const ProgressInWindow progress;
+    PostQuitMessage(7);
+    PostMessageA(progress.window(), WM_KEYDOWN, VK_ESCAPE, 0);
+    CHECK_FALSE(ProgressPump(progress));
+    MSG message;
+    REQUIRE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    CHECK(message.wParam == 7);
+}
+
 TEST_CASE("Destroying the progress destroys the window") {
     HWND window;
     {
