@@ -49,9 +49,9 @@ int report(const Command& command, const Options& options, const Source& source,
     } else if (result.failure.error != 0) {
         reportFailure(source.typed, result.failure);
     } else if (!result.output.empty()) {
-        protect(result.output, "was written a moment ago, from another file");
         const std::string output =
             typedPathOf(options.outputFolder, tidewell::FileNamePart(result.output.c_str()));
+        protect(result.output, output, "was written a moment ago, from another file");
         const bool told =
             print(Stream::output, std::string(command.done) + " " + shownOn(Stream::output, source.typed) +
                                       " -> " + shownOn(Stream::output, output) + "\n");
@@ -73,6 +73,7 @@ Failure checkFile(const std::string& windowsPath) {
 int runBatch(const Options& options, const Command& command) {
     const std::string folder = options.outputFolder.empty() ? "." : options.outputFolder;
     Batch batch;
+    batch.typedFolder = options.outputFolder;
     batch.windowsFolder = windowsPathOf(folder);
     if (const Failure failure = checkFolder(batch.windowsFolder); failure.error != 0) {
         reportFailure(folder, failure);
@@ -86,7 +87,7 @@ int runBatch(const Options& options, const Command& command) {
     }
     beginReplacing(options.replace, options.outputFolder);
     for (const Source& source : sources)
-        protect(source.windows, "is a file to work on");
+        protect(source.windows, source.typed, "is a file to work on");
     batch.progress = tidewell::ProgressCreate(tidewell::ModuleInstance, "", nullptr, TRUE);
     tidewell::ProgressSetTotal(batch.progress, &total);
     tidewell::ProgressResume(batch.progress);

@@ -23,6 +23,7 @@ struct Result {
 };
 
 struct Batch {
+    std::string typedFolder;  // for the outputs; empty: the current one
     std::string windowsFolder;
     tidewell::ProgressDialog* progress = nullptr;
     bool moreFollow = false;  // files, after the current one

@@ -2,7 +2,7 @@
 #ifndef TIDEWELL_CLI_HOST_H
 #define TIDEWELL_CLI_HOST_H
 
-#include <windows.h>
+#include "base/error_code.h"
 
 #include <optional>
 #include <string>
@@ -26,6 +26,19 @@ std::string windowsPathOf(const std::string& typed);
 
 // Equal for the paths that the host takes for one.
 std::string pathKeyOf(const std::string& windowsPath);
+
+// Whether both, as typed, name one existing file, by whatever links.
+bool areOneFile(const std::string& a, const std::string& b);
+
+// A file name as Windows programs see it.
+std::string windowsNameOf(const std::string& typedName);
+
+// A file name in `typedFolder` that nothing has yet.
+std::string freshNameIn(const std::string& typedFolder);
+
+// Gives the file `from` the name `to` in one step, both as typed and in one folder. What is there already is
+// replaced, or 80 when it may not be; `from` then keeps its name.
+tidewell::ErrorCode rename(const std::string& from, const std::string& to, bool mayReplace);
 
 // Where the help says Mac information is.
 const char* macInformationHelp();

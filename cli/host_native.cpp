@@ -1,5 +1,6 @@
 #include "host.h"
 
+#include "pc/host_file.h"
 #include "pc/host_name.h"
 #include "pc/pc.h"
 
@@ -29,11 +30,16 @@ void onInterrupt(int) {
 void catchInterrupts() {
     struct sigaction action = {};
     action.sa_handler = onInterrupt;  // without SA_RESTART, so that a question is interrupted, too
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
-        sigaction(signal, &action, nullptr);
-    // A reader of the output that goes away shows as a failed write.
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction before = {};
+        sigaction(signal, nullptr, &before);
+        // Who started the command may have it go on when the terminal closes.
+        if (before.sa_handler != SIG_IGN) sigaction(signal, &action, nullptr);
+    }
+    // Output that nobody takes, or that a limit forbids, shows as a failed write.
     action.sa_handler = SIG_IGN;
-    sigaction(SIGPIPE, &action, nullptr);
+    for (const int signal : {SIGPIPE, SIGXFSZ})
+        sigaction(signal, &action, nullptr);
 }
 
 int descriptorOf(Stream stream) {
@@ -60,6 +66,8 @@ bool writeAll(int descriptor, const char* bytes, size_t count) {
 std::filesystem::path fullPathOf(const std::string& typed) {
     std::error_code error;
     const std::filesystem::path path = std::filesystem::absolute(typed, error);
+    // Without a current folder a relative path means nothing, and not the root.
+    if (error || typed.empty()) return {};
     const bool namesFolder = !path.has_filename() || path.filename() == "." || path.filename() == "..";
     std::filesystem::path full = namesFolder ? std::filesystem::canonical(path, error)
                                              : std::filesystem::canonical(path.parent_path(), error);
@@ -86,9 +94,11 @@ Host::~Host() {
 }
 
 std::string windowsPathOf(const std::string& typed) {
+    const std::filesystem::path full = fullPathOf(typed);
+    if (full.empty()) return typed;
     std::string path(1, kHostDrive);
     path += ":";
-    for (const std::filesystem::path& component : fullPathOf(typed).relative_path()) {
+    for (const std::filesystem::path& component : full.relative_path()) {
         if (!component.empty()) path += '\\' + pc::windowsNameOf(component.string());
     }
     return path.size() > 2 ? path : path + '\\';
@@ -96,6 +106,28 @@ std::string windowsPathOf(const std::string& typed) {
 
 std::string pathKeyOf(const std::string& windowsPath) {
     return windowsPath;
+}
+
+bool areOneFile(const std::string& a, const std::string& b) {
+    std::error_code error;
+    return std::filesystem::equivalent(a, b, error);
+}
+
+std::string windowsNameOf(const std::string& typedName) {
+    return pc::windowsNameOf(typedName);
+}
+
+std::string freshNameIn(const std::string& typedFolder) {
+    std::error_code error;
+    for (unsigned n = 0;; ++n) {
+        const std::string name = ".tidewell-" + std::to_string(getpid()) + "-" + std::to_string(n);
+        const std::filesystem::path path = std::filesystem::path(typedFolder) / name;
+        if (!std::filesystem::exists(std::filesystem::symlink_status(path, error))) return name;
+    }
+}
+
+tidewell::ErrorCode rename(const std::string& from, const std::string& to, bool mayReplace) {
+    return mayReplace ? pc::hostReplace(from, to) : pc::hostMove(from, to);
 }
 
 const char* macInformationHelp() {

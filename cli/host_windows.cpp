@@ -1,5 +1,6 @@
 #include "host.h"
 
+#include "base/owned.h"
 #include "module/module_state.h"
 
 #include <cstdlib>
@@ -77,6 +78,46 @@ std::string pathKeyOf(const std::string& windowsPath) {
     std::string key = windowsPath;
     if (!key.empty()) CharUpperBuffA(key.data(), static_cast<DWORD>(key.size()));
     return key;
+}
+
+bool areOneFile(const std::string& a, const std::string& b) {
+    BY_HANDLE_FILE_INFORMATION information[2] = {};
+    const char* const paths[2] = {a.c_str(), b.c_str()};
+    tidewell::OwnedFile files[2];
+    for (int i = 0; i < 2; ++i) {
+        files[i] = tidewell::OwnedFile(CreateFileA(paths[i], 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (!files[i] || !GetFileInformationByHandle(files[i].get(), &information[i])) return false;
+    }
+    return information[0].dwVolumeSerialNumber == information[1].dwVolumeSerialNumber &&
+           information[0].nFileIndexHigh == information[1].nFileIndexHigh &&
+           information[0].nFileIndexLow == information[1].nFileIndexLow;
+}
+
+std::string windowsNameOf(const std::string& typedName) {
+    return typedName;
+}
+
+std::string freshNameIn(const std::string& typedFolder) {
+    for (unsigned n = 0;; ++n) {
+        const std::string name =
+            "tw" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(n) + ".tmp";
+        if (GetFileAttributesA(typedPathOf(typedFolder, name.c_str()).c_str()) == INVALID_FILE_ATTRIBUTES)
+            return name;
+    }
+}
+
+tidewell::ErrorCode rename(const std::string& from, const std::string& to, bool mayReplace) {
+    if (mayReplace && !MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING)) {
+        const tidewell::ErrorCode error = GetLastError();
+        if (error != ERROR_CALL_NOT_IMPLEMENTED) return error;
+        // Windows 95 and 98 take two steps.
+        if (!DeleteFileA(to.c_str())) return GetLastError();
+        mayReplace = false;
+    }
+    if (mayReplace || MoveFileA(from.c_str(), to.c_str())) return 0;
+    const tidewell::ErrorCode error = GetLastError();
+    return error == ERROR_ALREADY_EXISTS ? ERROR_FILE_EXISTS : error;
 }
 
 const char* macInformationHelp() {

@@ -1,6 +1,7 @@
 #include "pack.h"
 
 #include "batch.h"
+#include "host.h"
 
 #include "convert/create_macbinary.h"
 #include "macfile/fork_paths.h"
@@ -24,15 +25,26 @@ Failure checkMacFile(const std::string& path) {
     }
 }
 
-// The file name of the source with ".bin" for its extension, or after it. Empty when that is too long.
-std::string outputPathOf(const std::string& folder, const std::string& source) {
-    char path[tidewell::kPathCapacity];
+// The source's file name as the user knows it, with ".bin" for its extension, or after it.
+std::string outputNameOf(const std::string& source) {
     const char* const name = tidewell::FileNamePart(source.c_str());
-    if (tidewell::JoinPath(path, sizeof path, folder.c_str(), name) > sizeof path) return {};
-    const std::string output =
-        std::string(path, static_cast<size_t>(tidewell::FileExtension(path) - path)) + ".bin";
-    return output.size() + 1 > MAX_PATH ? std::string() : output;
+    const std::string stem(name, static_cast<size_t>(tidewell::FileExtension(name) - name));
+    return typedPathOf({}, stem.c_str()) + ".bin";
 }
+
+// A file of the output folder, by both its names.
+struct OutputFile {
+    OutputFile(const Batch& batch, const std::string& name)
+        : typed(typedPathOf(batch.typedFolder, windowsNameOf(name).c_str())) {
+        char path[tidewell::kPathCapacity];
+        const DWORD size =
+            tidewell::JoinPath(path, sizeof path, batch.windowsFolder.c_str(), windowsNameOf(name).c_str());
+        if (size <= MAX_PATH) windows = path;
+    }
+
+    std::string typed;
+    std::string windows;  // empty: longer than Windows can hold
+};
 
 uint64_t sizeOfForks(const std::string& path) {
     tidewell::ForkPathBuffers paths;
@@ -43,20 +55,33 @@ uint64_t sizeOfForks(const std::string& path) {
     return size;
 }
 
-Result packFile(Batch& batch, const Source& source) {
-    const std::string output = outputPathOf(batch.windowsFolder, source.windows);
-    if (output.empty()) return {{ERROR_FILENAME_EXCED_RANGE, {}}, {}};
+// Packs into a file of another name first: until all of it is there, nothing that the user has is touched.
+ErrorCode packInto(Batch& batch, const Source& source, const OutputFile& output, bool mayReplace) {
+    const OutputFile unfinished(batch, freshNameIn(batch.typedFolder));
+    if (unfinished.windows.empty()) return ERROR_FILENAME_EXCED_RANGE;
+    ErrorCode error =
+        CreateMacBinaryFile(nullptr, source.windows.c_str(), unfinished.windows.c_str(), &batch.progress);
+    if (error != 0) return error;
+    error = rename(unfinished.typed, output.typed, mayReplace);
+    if (error != 0) DeleteFileA(unfinished.windows.c_str());
+    return error;
+}
 
+Result packFile(Batch& batch, const Source& source) {
+    const OutputFile output(batch, outputNameOf(source.windows));
+    if (output.windows.empty()) return {{ERROR_FILENAME_EXCED_RANGE, {}}, {}};
+
+    const bool existed = GetFileAttributesA(output.windows.c_str()) != INVALID_FILE_ATTRIBUTES;
     tidewell::ProgressPause(batch.progress);
-    const int answer = tidewell::ConfirmFileReplace(nullptr, output.c_str(), batch.moreFollow ? TRUE : FALSE);
+    const int answer =
+        tidewell::ConfirmFileReplace(nullptr, output.windows.c_str(), batch.moreFollow ? TRUE : FALSE);
     const ErrorCode refusal = answer == -1 ? tidewell::lastErrorOr(ERROR_FILE_EXISTS) : 0;
     tidewell::ProgressResume(batch.progress);
     if (answer == IDNO) return {};
     if (answer == IDCANCEL) return {{ERROR_CANCELLED, {}}, {}};
     if (refusal != 0) return {{refusal, {}}, {}};
-    const ErrorCode error =
-        CreateMacBinaryFile(nullptr, source.windows.c_str(), output.c_str(), &batch.progress);
-    return error != 0 ? Result{{error, {}}, {}} : Result{{}, output};
+    const ErrorCode error = packInto(batch, source, output, existed);
+    return error != 0 ? Result{{error, {}}, {}} : Result{{}, output.windows};
 }
 
 }  // namespace

@@ -5,18 +5,24 @@
 #include "macfile/path.h"
 #include "ui/confirm_replace.h"
 
-#include <map>
 #include <utility>
+#include <vector>
 
 namespace cli {
 
 namespace {
 
 // The library asks through a plain function, so the run's state is here.
+struct ProtectedFile {
+    std::string key;
+    std::string typed;
+    std::string reason;
+};
+
 struct Policy {
     Replace replace = Replace::ask;
     std::string typedFolder;
-    std::map<std::string, std::string> protectedFiles;  // by path key: why
+    std::vector<ProtectedFile> protectedFiles;
     std::string refusal;
 };
 Policy policy;
@@ -56,9 +62,10 @@ int refuse(tidewell::ErrorCode error, const std::string& reason) {
 int decide(const std::string& path, bool several) {
     const std::string name = typedPathOf(policy.typedFolder, tidewell::FileNamePart(path.c_str()));
     const std::string output = shownOn(Stream::errors, name);
-    const auto guarded = policy.protectedFiles.find(pathKeyOf(path));
-    if (guarded != policy.protectedFiles.end())
-        return refuse(ERROR_SHARING_VIOLATION, output + " " + guarded->second + ".");
+    for (const ProtectedFile& file : policy.protectedFiles) {
+        if (file.key == pathKeyOf(path) || areOneFile(file.typed, name))
+            return refuse(ERROR_SHARING_VIOLATION, output + " " + file.reason + ".");
+    }
     int answer = policy.replace == Replace::yes ? IDYES : IDNO;
     if (policy.replace == Replace::ask) {
         if (!isTerminal(Stream::input) || !isTerminal(Stream::errors))
@@ -78,8 +85,8 @@ void beginReplacing(Replace replace, const std::string& typedFolder) {
     policy = {replace, typedFolder, {}, {}};
 }
 
-void protect(const std::string& windowsPath, const std::string& reason) {
-    policy.protectedFiles[pathKeyOf(windowsPath)] = reason;
+void protect(const std::string& windowsPath, const std::string& typedPath, const std::string& reason) {
+    policy.protectedFiles.push_back({pathKeyOf(windowsPath), typedPath, reason});
 }
 
 std::string takeRefusal() {

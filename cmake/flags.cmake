@@ -20,6 +20,8 @@ if(TIDEWELL_SANITIZE)
 endif()
 
 if(WIN32)
+  # Only the libraries that a program names itself.
+  set(CMAKE_CXX_STANDARD_LIBRARIES "")
   add_compile_definitions(WINVER=0x0400 _WIN32_WINNT=0x0400 _WIN32_IE=0x0300)
   add_link_options(-static -s -Wl,--no-insert-timestamp
                    -Wl,--major-subsystem-version,4,--minor-subsystem-version,0

@@ -9,8 +9,8 @@
 #   platform/attach                puts a PC under the library: Windows test programs
 #   cli/*.cpp                      the tidewell command
 #   tests/support/*.cpp            what the tests share
-#   tests/windows/*_test.cpp       tests of windows and of the built library: Windows builds only, without a
-#                                  PC; of tests/support they have main.cpp and *_windows.cpp
+#   tests/windows/*_test.cpp       tests of windows and of the built library: Windows builds only, on Windows
+#                                  itself instead of a PC; of tests/support they have main.cpp, *_windows.cpp
 #   tests/**/*_test.cpp            all other tests
 #   bench/*.cpp                    benchmarks: the host build
 #

@@ -29,7 +29,7 @@ if(WIN32)
   if(TIDEWELL_WINDOW_TEST_SOURCES)
     tidewell_add_test_program(tidewell_window_tests
       ${TIDEWELL_WINDOW_TEST_SOURCES} ${TIDEWELL_WINDOW_TEST_SUPPORT_SOURCES})
-    target_link_libraries(tidewell_window_tests PRIVATE tidewell_windowed)
+    target_link_libraries(tidewell_window_tests PRIVATE tidewell_windowed tidewell_pc)
     # They load the library and start the command.
     add_dependencies(tidewell_window_tests tidewell_library tidewell)
   endif()

@@ -140,14 +140,17 @@ BOOL FlushFileBuffers(HANDLE handle) {
     return call.end(error != 0 ? error : file->file->flush());
 }
 
-// Closing cannot be made to fail: Windows closes the handle whatever it reports.
+// The handle is closed whatever is reported. Only one that was written to has anything to report.
 BOOL CloseHandle(HANDLE handle) {
-    const pc::OpenFile* const file = openFileOf(handle);
+    pc::OpenFile* const file = openFileOf(handle);
     const std::string path(pathOf(file));
     Call call("CloseHandle", path);
     if (file == nullptr) return call.end(ERROR_INVALID_HANDLE);
+    pc::Error error = file->mode.write ? call.fault() : 0;
+    const pc::Error closed = file->file->close();
+    if (error == 0) error = closed;
     pc::Pc::current()->openFiles().erase(reinterpret_cast<uintptr_t>(handle));
-    return call.end(0);
+    return call.end(error);
 }
 
 }  // namespace kernel

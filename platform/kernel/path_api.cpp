@@ -92,7 +92,8 @@ BOOL GetVolumeInformationA(LPCSTR root, LPSTR name, DWORD nameCapacity, LPDWORD 
 UINT GetDriveTypeA(LPCSTR root) {
     const Call call("GetDriveTypeA", root != nullptr ? root : "");
     pc::Pc* const pc = pc::Pc::current();
-    const pc::Drive* const drive = pc != nullptr && ownsPath(root) ? pc->drive(root[0]) : nullptr;
+    const pc::Drive* const drive =
+        pc != nullptr && root != nullptr && ownsPath(root) ? pc->drive(root[0]) : nullptr;
     return drive != nullptr ? drive->type : DRIVE_NO_ROOT_DIR;
 }
 

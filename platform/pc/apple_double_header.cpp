@@ -29,8 +29,8 @@ bool rangesAreSound(std::vector<AppleDoubleEntry> entries, uint64_t headerSize, 
     std::sort(entries.begin(), entries.end(), lessOffset);
     uint64_t free = headerSize;
     for (const AppleDoubleEntry& entry : entries) {
-        if (entry.offset > fileSize || entry.length > fileSize - entry.offset) return false;
         if (entry.length == 0) continue;
+        if (entry.offset > fileSize || entry.length > fileSize - entry.offset) return false;
         if (entry.offset < free) return false;
         free = entry.end();
     }

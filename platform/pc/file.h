@@ -37,6 +37,10 @@ class File {
 
     // Everything written so far is on the host's disk.
     virtual Error flush() = 0;
+
+    // Ends the use of the file; tells of what the host could not keep of the bytes it had taken. A file that
+    // is destroyed without it is closed in silence.
+    virtual Error close() { return 0; }
 };
 
 // What Volume::open gives: the file, not yet truncated, and what names it in the table of open files.

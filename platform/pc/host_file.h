@@ -48,6 +48,9 @@ Error hostRemove(const std::string& path);
 // Moves a file over another in one step. Neither is open.
 Error hostReplace(const std::string& from, const std::string& to);
 
+// As hostReplace, but 80 when there is anything at `to`, a link included.
+Error hostMove(const std::string& from, const std::string& to);
+
 // Free of links; `path` itself when the host cannot tell.
 std::string hostAbsolute(const std::string& path);
 
@@ -82,6 +85,7 @@ class HostFile final : public File {
     HostFile(const HostFile&) = delete;
     HostFile& operator=(const HostFile&) = delete;
 
+    Error close() override;
     Error read(uint64_t offset, void* buffer, size_t count, size_t& got) override;
     Error write(uint64_t offset, const void* buffer, size_t count) override;
     Error size(uint64_t& bytes) override;

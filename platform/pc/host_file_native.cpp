@@ -33,6 +33,10 @@ Error errorFrom(int code) {
     case ENOSPC:
     case EDQUOT: return kDiskFull;
     case EFBIG: return kFileTooLarge;
+    case EBUSY:
+    case ETXTBSY: return kSharingViolation;
+    case EINVAL:
+    case EILSEQ: return kInvalidName;
     case EROFS: return kWriteProtected;
     case EMFILE:
     case ENFILE: return kTooManyOpenFiles;
@@ -105,6 +109,14 @@ Error hostReplace(const std::string& from, const std::string& to) {
     return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : pathError(to);
 }
 
+Error hostMove(const std::string& from, const std::string& to) {
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+    if (errno != EINVAL && errno != ENOSYS) return pathError(to);
+    // A file system that cannot do it in one step.
+    struct stat there;
+    return ::lstat(to.c_str(), &there) == 0 ? kFileExists : hostReplace(from, to);
+}
+
 std::string hostAbsolute(const std::string& path) {
     char* const resolved = ::realpath(path.c_str(), nullptr);
     if (resolved == nullptr) return path;
@@ -138,7 +150,15 @@ Error HostFile::open(const std::string& path, const HostAccess& access, std::sha
 }
 
 HostFile::~HostFile() {
-    ::close(static_cast<int>(handle_));
+    close();
+}
+
+Error HostFile::close() {
+    constexpr intptr_t kClosed = -1;
+    const intptr_t handle = std::exchange(handle_, kClosed);
+    // Not again after an interruption: the descriptor is gone all the same.
+    const bool done = handle == kClosed || ::close(static_cast<int>(handle)) == 0 || errno == EINTR;
+    return done ? 0 : errorFrom(errno);
 }
 
 Error HostFile::read(uint64_t offset, void* buffer, size_t count, size_t& got) {

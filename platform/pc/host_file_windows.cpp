@@ -140,6 +140,10 @@ Error hostReplace(const std::string& from, const std::string& to) {
     return moved ? 0 : lastError();
 }
 
+Error hostMove(const std::string& from, const std::string& to) {
+    return MoveFileExW(literalPath(from).c_str(), literalPath(to).c_str(), 0) ? 0 : lastError();
+}
+
 std::string hostAbsolute(const std::string& path) {
     std::string absolute = textFrom(fullPath(wideFrom(path)));
     const bool drive = absolute.size() == 3 && absolute[1] == ':';
@@ -170,7 +174,13 @@ Error HostFile::open(const std::string& path, const HostAccess& access, std::sha
 }
 
 HostFile::~HostFile() {
-    CloseHandle(handleFrom(handle_));
+    close();
+}
+
+Error HostFile::close() {
+    constexpr intptr_t kClosed = -1;
+    const intptr_t handle = std::exchange(handle_, kClosed);
+    return handle == kClosed || CloseHandle(handleFrom(handle)) ? 0 : lastError();
 }
 
 Error HostFile::read(uint64_t offset, void* buffer, size_t count, size_t& got) {

@@ -30,7 +30,12 @@ Error openWith(const std::string& path, const HostAccess& access, const std::sha
     Error error = HostFile::open(path, access, space, file);
     HostStatus status;
     if (error == 0) error = file->status(status);
-    if (error != 0) return error;
+    if (error != 0) {
+        const bool made = file != nullptr && access.create;
+        file.reset();
+        if (made) hostRemove(path);
+        return error;
+    }
     opened.identity = std::move(status.identity);
     opened.created = access.create;
     opened.file = std::move(file);

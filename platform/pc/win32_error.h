@@ -13,6 +13,7 @@ constexpr Error kAccessDenied = 5;
 constexpr Error kNotEnoughMemory = 8;
 constexpr Error kWriteProtected = 19;
 constexpr Error kGeneralFailure = 31;
+constexpr Error kSharingViolation = 32;
 constexpr Error kFileExists = 80;
 constexpr Error kInvalidParameter = 87;
 constexpr Error kDiskFull = 112;

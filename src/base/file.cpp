@@ -14,4 +14,8 @@ ErrorCode WriteWhole(HANDLE file, const void* buffer, DWORD count) {
     return transferred == count ? 0 : ERROR_HANDLE_DISK_FULL;
 }
 
+ErrorCode CloseWritten(OwnedFile& file) {
+    return CloseHandle(file.release()) ? 0 : lastErrorOr(ERROR_GEN_FAILURE);
+}
+
 }  // namespace tidewell

@@ -28,6 +28,8 @@ class Owned {
     Value get() const noexcept { return value_; }
     explicit operator bool() const noexcept { return value_ != Traits::none(); }
     void reset() noexcept { *this = Owned(); }
+    // The caller owns it from now on.
+    Value release() noexcept { return std::exchange(value_, Traits::none()); }
 
   private:
     Value value_ = Traits::none();

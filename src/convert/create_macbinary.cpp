@@ -1,6 +1,6 @@
 #include "convert/create_macbinary.h"
 
-#include "base/owned.h"
+#include "base/file.h"
 #include "convert/fork_copy.h"
 #include "convert/macbinary_header.h"
 #include "macfile/fork_paths.h"
@@ -56,7 +56,8 @@ ErrorCode writeOutput(const char* outputPath, const OpenForks& forks, MacBinaryH
     ErrorCode error = writeHeader(output.get(), header);
     if (error == 0) error = writeFork(output.get(), forks.data.get(), header.dataLength, progress);
     if (error == 0) error = writeFork(output.get(), forks.resource.get(), header.resourceLength, progress);
-    output.reset();
+    const ErrorCode closed = CloseWritten(output);
+    if (error == 0) error = closed;
     if (error != 0) {
         DeleteFileA(outputPath);
     } else {

@@ -1,7 +1,6 @@
 #include "macfile/finder_info.h"
 
 #include "base/file.h"
-#include "base/owned.h"
 
 #include <cstring>
 
@@ -30,12 +29,14 @@ BOOL WriteFinderInfo(const char* finderInfoPath, const FinderInfoRecord* record)
     const VolumeKind kind = GetVolumeKindOfPath(finderInfoPath);
     if (kind == VolumeKindOther || kind != record->kind) return failWith(ERROR_INVALID_PARAMETER);
     const DWORD disposition = kind == VolumeKindNtfs ? OPEN_ALWAYS : OPEN_EXISTING;
-    const OwnedFile file(CreateFileA(finderInfoPath, GENERIC_WRITE, FILE_SHARE_READ, nullptr, disposition,
-                                     FILE_ATTRIBUTE_NORMAL, nullptr));
+    OwnedFile file(CreateFileA(finderInfoPath, GENERIC_WRITE, FILE_SHARE_READ, nullptr, disposition,
+                               FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) return 0;
-    const ErrorCode error = WriteWhole(file.get(), &record->mac, sizeOf(kind));
-    if (error != 0) return failWith(error);
-    return FlushFileBuffers(file.get()) ? 1 : failWith(lastErrorOr(ERROR_GEN_FAILURE));
+    ErrorCode error = WriteWhole(file.get(), &record->mac, sizeOf(kind));
+    if (error == 0 && !FlushFileBuffers(file.get())) error = lastErrorOr(ERROR_GEN_FAILURE);
+    const ErrorCode closed = CloseWritten(file);
+    if (error == 0) error = closed;
+    return error == 0 ? 1 : failWith(error);
 }
 
 }  // namespace tidewell

@@ -109,12 +109,12 @@ run_status=0
 same "a full standard output" 1 "$run_status"
 
 # Names that Windows could not hold.
-for name in 'a:b' 'a\b' 'a*b?' 'end. ' ':' '-x'; do
+for name in 'trail ' 'a:b' 'a\b' 'a*b?' 'end. ' ':' '-x'; do
     mac_file make "$name" 10 10 TEXT ttxt 0
     run pack -o out --replace=yes -- "$name"
     same "'$name'" 0 "$status"
 done
-[ -e 'out/a:b.bin' ] && [ -e 'out/a\b.bin' ] && [ -e 'out/:.bin' ] || fail "odd names: $(ls out)"
+[ -e 'out/trail .bin' ] && [ -e 'out/a:b.bin' ] && [ -e 'out/a\b.bin' ] && [ -e 'out/:.bin' ] || fail "odd names: $(ls out)"
 same "a colon is a slash on the Mac" a/b "$(dd if='out/a:b.bin' bs=1 skip=2 count=3 status=none)"
 
 # A write that fails half-way: a limit on the size of files stands in for a full disk.
@@ -128,3 +128,29 @@ mac_file make Large 3000000 10 TEXT ttxt 0
     [[ $messages == "tidewell: Large: error 223: "* ]] || fail "half-way: $messages"
 )
 [ -z "$(ls -A small)" ] || fail "half-way: left behind $(ls -A small)"
+
+# What an output replaces is there until all of the output is; what lies beside it is left alone.
+echo old >small/Large.bin
+echo notes >small/._Large.bin
+(
+    trap '' XFSZ
+    ulimit -f 1000
+    run pack --replace=yes -o small Large
+    same "replaced half-way: status" 1 "$status"
+)
+same "replaced half-way" "old notes" "$(cat small/Large.bin small/._Large.bin | tr '\n' ' ' | sed 's/ $//')"
+mkdir target
+echo other >target/file
+ln -sf ../target/file small/Large.bin
+run pack --replace=yes -o small Large
+same "a link is replaced, and not what it leads to" "0 other" "$status $(cat target/file)"
+
+# Without a current folder a relative path means nothing.
+mkdir gone
+(
+    cd gone
+    rmdir ../gone
+    status=0
+    "$TIDEWELL" pack -o / etc/hostname >/dev/null 2>&1 || status=$?
+    [ "$status" = 1 ] && [ ! -e /hostname.bin ] || fail "a deleted current folder: $status"
+)

@@ -34,11 +34,12 @@ mac_file make long 10 10 TEXT ttxt 0
 truncate -s 3G long
 "$TIDEWELL" pack a long >line 2>messages &
 packing=$!
+begun() { [ -n "$(find . -name '.tidewell-*' -size +0)" ]; }
 for _ in $(seq 200); do
-    [ -s long.bin ] && break
+    begun && break
     sleep 0.02
 done
-[ -s long.bin ] || fail "the packing did not begin"
+begun || fail "the packing did not begin"
 kill -INT $packing
 status=0
 wait $packing || status=$?
@@ -46,4 +47,4 @@ same "interrupted: status" 1 "$status"
 same "interrupted: done before" "packed a -> a.bin" "$(cat line)"
 same "interrupted: message" "tidewell: cancelled" "$(cat messages)"
 [ -e a.bin ] || fail "interrupted: a finished file is gone"
-[ ! -e long.bin ] || fail "interrupted: an unfinished file is left"
+[ ! -e long.bin ] && ! begun || fail "interrupted: an unfinished file is left"
