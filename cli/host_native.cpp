@@ -120,7 +120,7 @@ std::string windowsNameOf(const std::string& typedName) {
 std::string freshNameIn(const std::string& typedFolder) {
     std::error_code error;
     for (unsigned n = 0;; ++n) {
-        const std::string name = ".tidewell-" + std::to_string(getpid()) + "-" + std::to_string(n);
+        std::string name = ".tidewell-" + std::to_string(getpid()) + "-" + std::to_string(n);
         const std::filesystem::path path = std::filesystem::path(typedFolder) / name;
         if (!std::filesystem::exists(std::filesystem::symlink_status(path, error))) return name;
     }

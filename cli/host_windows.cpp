@@ -51,6 +51,15 @@ bool writeAll(HANDLE file, const char* bytes, size_t count) {
     return true;
 }
 
+// In one step, where Windows can: 120 where it cannot.
+tidewell::ErrorCode replaceFile(const std::string& from, const std::string& to) {
+    using MoveFileEx = BOOL(WINAPI*)(LPCSTR, LPCSTR, DWORD);
+    FARPROC const function = GetProcAddress(GetModuleHandleA("KERNEL32.DLL"), "MoveFileExA");
+    if (function == nullptr) return ERROR_CALL_NOT_IMPLEMENTED;
+    const auto move = reinterpret_cast<MoveFileEx>(reinterpret_cast<void*>(function));
+    return move(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) ? 0 : GetLastError();
+}
+
 bool endsFolder(const std::string& folder) {
     return folder.back() == '\\' || folder.back() == '/' || folder.back() == ':';
 }
@@ -100,22 +109,20 @@ std::string windowsNameOf(const std::string& typedName) {
 
 std::string freshNameIn(const std::string& typedFolder) {
     for (unsigned n = 0;; ++n) {
-        const std::string name =
-            "tw" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(n) + ".tmp";
+        std::string name = "tw" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(n) + ".tmp";
         if (GetFileAttributesA(typedPathOf(typedFolder, name.c_str()).c_str()) == INVALID_FILE_ATTRIBUTES)
             return name;
     }
 }
 
 tidewell::ErrorCode rename(const std::string& from, const std::string& to, bool mayReplace) {
-    if (mayReplace && !MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING)) {
-        const tidewell::ErrorCode error = GetLastError();
+    if (mayReplace) {
+        const tidewell::ErrorCode error = replaceFile(from, to);
         if (error != ERROR_CALL_NOT_IMPLEMENTED) return error;
         // Windows 95 and 98 take two steps.
         if (!DeleteFileA(to.c_str())) return GetLastError();
-        mayReplace = false;
     }
-    if (mayReplace || MoveFileA(from.c_str(), to.c_str())) return 0;
+    if (MoveFileA(from.c_str(), to.c_str())) return 0;
     const tidewell::ErrorCode error = GetLastError();
     return error == ERROR_ALREADY_EXISTS ? ERROR_FILE_EXISTS : error;
 }

@@ -15,7 +15,7 @@ using tidewell::ErrorCode;
 
 // Besides what makes a file, what the conversion itself would tell with less help, or pass over in silence.
 Failure checkMacFile(const std::string& path) {
-    if (const Failure failure = checkFile(path); failure.error != 0) return failure;
+    if (Failure failure = checkFile(path); failure.error != 0) return failure;
     tidewell::ForkPathBuffers paths;
     const ErrorCode error = tidewell::FindMacFile(path.c_str(), paths);
     switch (error) {

@@ -25,9 +25,9 @@ bool truncates(DWORD disposition) {
     return disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING;
 }
 
-pc::Error openFile(LPCSTR path, const pc::OpenMode& mode, HANDLE& handle) {
+pc::Error openFile(const std::string& path, const pc::OpenMode& mode, HANDLE& handle) {
     PcPath target;
-    pc::Error error = findPath(path, target);
+    pc::Error error = findPath(path.c_str(), target);
     if (error != 0) return error;
     pc::Opened opened;
     const bool query = !mode.read && !mode.write;
@@ -61,7 +61,7 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES
     mode.disposition = disposition;
     HANDLE handle = INVALID_HANDLE_VALUE;
     pc::Error error = call.fault();
-    if (error == 0) error = openFile(path, mode, handle);
+    if (error == 0) error = openFile(path != nullptr ? path : "", mode, handle);
     return call.end(error, handle, INVALID_HANDLE_VALUE);
 }
 

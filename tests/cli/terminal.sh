@@ -32,6 +32,7 @@ same "cancel" oldold "$(cat b.bin c.bin | tr -d '\n')"
 rm -f ./*.bin
 mac_file make long 10 10 TEXT ttxt 0
 truncate -s 3G long
+set -m # without job control the shell would have it ignore the interrupt key
 "$TIDEWELL" pack a long >line 2>messages &
 packing=$!
 begun() { [ -n "$(find . -name '.tidewell-*' -size +0)" ]; }
