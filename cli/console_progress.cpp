@@ -24,8 +24,6 @@ constexpr int kTemplateCapacity = 128;
 struct Line {
     std::string title;
     std::string remaining;
-    uint16_t range = 0;
-    uint16_t position = 0;
     int64_t created = 0;
     int64_t drawn = 0;
     int64_t estimated = 0;
@@ -52,13 +50,14 @@ void erase() {
     line->onScreen = 0;
 }
 
-void draw(int64_t now) {
-    const size_t range = std::max<size_t>(line->range, 1);
-    const size_t position = std::min<size_t>(line->position, range);
-    const size_t filled = kBarWidth * position / range;
+// By the amounts themselves: the bar's 16 bits are too few for what a terminal can tell of gigabytes.
+void draw(const ProgressDialog& progress, int64_t now) {
+    const double part =
+        progress.total > 0 ? static_cast<double>(progress.done) / static_cast<double>(progress.total) : 0;
+    const auto filled = static_cast<size_t>(part * static_cast<double>(kBarWidth));
     std::string text = shortened(cli::shownOn(cli::Stream::errors, line->title)) + "  [" +
                        std::string(filled, '#') + std::string(kBarWidth - filled, '-') + "] " +
-                       std::to_string(100 * position / range) + "%  " + line->remaining;
+                       std::to_string(static_cast<int>(100 * part)) + "%  " + line->remaining;
     text.resize(std::min<size_t>(text.size(), cli::terminalWidth() - 1));
     const size_t rest = line->onScreen > text.size() ? line->onScreen - text.size() : 0;
     cli::print(cli::Stream::errors, '\r' + text + std::string(rest, ' '));
@@ -100,13 +99,9 @@ void setText(ProgressDialog&, const char* line1, const char*) {
     if (line1 != nullptr) line->title = line1;
 }
 
-void setRange(ProgressDialog&, uint16_t range) {
-    line->range = range;
-}
+void setRange(ProgressDialog&, uint16_t) {}
 
-void setPosition(ProgressDialog&, uint16_t position) {
-    line->position = position;
-}
+void setPosition(ProgressDialog&, uint16_t) {}
 
 // What is said next takes the line.
 void showNow(ProgressDialog&) {
@@ -119,7 +114,7 @@ void serve(ProgressDialog& progress) {
     const int64_t now = SystemTime100ns();
     if (now - line->created >= kShowAfter) line->due = true;
     if (now - line->estimated >= kEstimateEvery) estimate(progress, now);
-    if (line->due && progress.pauses == 0 && now - line->drawn >= kRedrawEvery) draw(now);
+    if (line->due && progress.pauses == 0 && now - line->drawn >= kRedrawEvery) draw(progress, now);
 }
 
 }  // namespace tidewell::progress_display
