@@ -2,6 +2,7 @@
 
 #include "pc/host_file.h"
 #include "pc/host_name.h"
+#include "pc/mac_volume_driver.h"
 #include "pc/pc.h"
 
 #include "macfile/path.h"
@@ -85,6 +86,7 @@ Host::Host() {
     thePc->setPathLimit(tidewell::kPathCapacity);
     thePc->journal().setKept(false);
     thePc->addDrive(kHostDrive, DRIVE_FIXED, pc::makeMacVolume("/"));
+    thePc->addDevice(pc::kMacVolumeDriverName, pc::makeMacVolumeDriver(*thePc));
     catchInterrupts();
     tidewell::InitializeModuleState(GetModuleHandleA(nullptr));
 }

@@ -1,4 +1,5 @@
 // The tidewell command.
+#include "extract.h"
 #include "host.h"
 #include "options.h"
 #include "pack.h"
@@ -9,6 +10,7 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: tidewell pack [-o DIR] [--replace=ask|yes|no] FILE...\n"
+    "       tidewell extract [-o DIR] [--replace=ask|yes|no] FILE...\n"
     "       tidewell --help | --version\n";
 
 constexpr char kHelp[] =
@@ -17,6 +19,8 @@ constexpr char kHelp[] =
     "\n"
     "  pack    packs each Mac file (data fork, resource fork and Finder information)\n"
     "          into a MacBinary file: its name with .bin for its extension\n"
+    "  extract restores the Mac file from each MacBinary (.bin) or BinHex (.hqx) file,\n"
+    "          under its Mac name\n"
     "\n"
     "  -o DIR           the folder for the outputs; the current one without it\n"
     "  --replace=ask    ask before replacing a file (without a terminal: an error)\n"
@@ -37,6 +41,7 @@ int run(const std::vector<std::string>& arguments) {
     const cli::Host host;
     switch (options.action) {
     case cli::Action::pack: return cli::pack(options);
+    case cli::Action::extract: return cli::extract(options);
     case cli::Action::help:
         cli::print(cli::Stream::output, std::string(kUsage) + kHelp + cli::macInformationHelp());
         break;

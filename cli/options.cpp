@@ -32,8 +32,8 @@ std::string parseOption(const std::vector<std::string>& arguments, size_t& index
     return options.outputFolder.empty() ? "-o needs a folder" : "";
 }
 
-std::string parsePack(const std::vector<std::string>& arguments, Options& options) {
-    options.action = Action::pack;
+// The options and files of a command, which is the first argument.
+std::string parseFiles(const std::vector<std::string>& arguments, Options& options) {
     bool onlyFiles = false;
     for (size_t i = 1; i < arguments.size(); ++i) {
         if (!onlyFiles && arguments[i] == "--") {
@@ -47,7 +47,7 @@ std::string parsePack(const std::vector<std::string>& arguments, Options& option
             options.files.push_back(arguments[i]);
         }
     }
-    return options.files.empty() ? "pack needs a file" : "";
+    return options.files.empty() ? arguments[0] + " needs a file" : "";
 }
 
 }  // namespace
@@ -62,7 +62,10 @@ std::string parseOptions(const std::vector<std::string>& arguments, Options& opt
         options.action = Action::version;
         return {};
     }
-    if (arguments[0] == "pack") return parsePack(arguments, options);
+    if (arguments[0] == "pack" || arguments[0] == "extract") {
+        options.action = arguments[0] == "pack" ? Action::pack : Action::extract;
+        return parseFiles(arguments, options);
+    }
     return "there is no command '" + arguments[0] + "'";
 }
 

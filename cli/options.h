@@ -7,7 +7,7 @@
 
 namespace cli {
 
-enum class Action { pack, help, version };
+enum class Action { pack, extract, help, version };
 
 // What to do with an output that is there already.
 enum class Replace { ask, yes, no };

@@ -71,7 +71,7 @@ Result packFile(Batch& batch, const Source& source) {
     const OutputFile output(batch, outputNameOf(source.windows));
     if (output.windows.empty()) return {{ERROR_FILENAME_EXCED_RANGE, {}}, {}};
 
-    const bool existed = GetFileAttributesA(output.windows.c_str()) != INVALID_FILE_ATTRIBUTES;
+    const bool existed = tidewell::MayExist(output.windows.c_str());
     tidewell::ProgressPause(batch.progress);
     const int answer =
         tidewell::ConfirmFileReplace(nullptr, output.windows.c_str(), batch.moreFollow ? TRUE : FALSE);

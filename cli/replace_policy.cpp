@@ -99,7 +99,7 @@ namespace tidewell {
 
 // Off Windows, and in the command, the library asks on the terminal.
 int ConfirmFileReplace(HWND, const char* path, BOOL several) {
-    if (GetFileAttributesA(path) == INVALID_FILE_ATTRIBUTES) return IDYES;
+    if (!MayExist(path)) return IDYES;
     return cli::decide(path, several != FALSE);
 }
 

@@ -9,7 +9,8 @@ endif()
 
 if(WIN32)
   add_library(tidewell_windowed OBJECT ${TIDEWELL_WINDOWED_SOURCES})
-  target_include_directories(tidewell_windowed PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_include_directories(tidewell_windowed PUBLIC ${PROJECT_SOURCE_DIR}/src ${TIDEWELL_MESSAGES_FOLDER})
+  add_dependencies(tidewell_windowed tidewell_messages)
   target_compile_options(tidewell_windowed PRIVATE ${TIDEWELL_PRODUCT_OPTIONS})
 endif()
 

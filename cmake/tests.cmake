@@ -30,8 +30,8 @@ if(WIN32)
     tidewell_add_test_program(tidewell_window_tests
       ${TIDEWELL_WINDOW_TEST_SOURCES} ${TIDEWELL_WINDOW_TEST_SUPPORT_SOURCES})
     target_link_libraries(tidewell_window_tests PRIVATE tidewell_windowed tidewell_pc)
-    # They load the library and start the command.
-    add_dependencies(tidewell_window_tests tidewell_library tidewell)
+    # They load the libraries and start the command.
+    add_dependencies(tidewell_window_tests tidewell_library tidewell_locale_de tidewell)
   endif()
 
   add_test(NAME library_imports

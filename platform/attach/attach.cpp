@@ -32,6 +32,12 @@ bool answersSYSTEM(Arguments...) {
     return pc::Pc::current() != nullptr;
 }
 
+// The PC's own code pages are converted by Windows, under their numbers.
+template <typename... Rest>
+bool answersTEXT(UINT codePage, Rest...) {
+    return codePage == CP_ACP && pc::Pc::current() != nullptr;
+}
+
 // Memory goes back to where it came from, whatever PC there is by then.
 bool answersPAGES(const void* pages, SIZE_T, DWORD) {
     return kernel::ownsMemory(pages);

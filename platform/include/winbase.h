@@ -48,6 +48,7 @@
 #define FORMAT_MESSAGE_FROM_SYSTEM 0x00001000u
 
 #define CP_ACP 0u
+#define MB_ERR_INVALID_CHARS 0x00000008u
 
 struct OVERLAPPED;
 using LPOVERLAPPED = OVERLAPPED*;
@@ -63,6 +64,20 @@ struct OSVERSIONINFOA {
     CHAR szCSDVersion[128];
 };
 using LPOSVERSIONINFOA = OSVERSIONINFOA*;
+
+struct BY_HANDLE_FILE_INFORMATION {
+    DWORD dwFileAttributes;
+    FILETIME ftCreationTime;
+    FILETIME ftLastAccessTime;
+    FILETIME ftLastWriteTime;
+    DWORD dwVolumeSerialNumber;
+    DWORD nFileSizeHigh;
+    DWORD nFileSizeLow;
+    DWORD nNumberOfLinks;
+    DWORD nFileIndexHigh;
+    DWORD nFileIndexLow;
+};
+using LPBY_HANDLE_FILE_INFORMATION = BY_HANDLE_FILE_INFORMATION*;
 
 extern "C" {
 // The declarations come from the same list as the implementation, so that the two cannot drift apart.

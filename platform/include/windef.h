@@ -33,7 +33,10 @@ using LPVOID = void*;
 using LPCVOID = const void*;
 using LPSTR = char*;
 using LPCSTR = const char*;
+using LPWSTR = WCHAR*;
+using LPCWSTR = const WCHAR*;
 using LPDWORD = DWORD*;
+using LPBOOL = BOOL*;
 using PLONG = LONG*;
 
 using HANDLE = void*;

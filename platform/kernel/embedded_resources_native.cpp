@@ -33,11 +33,11 @@ int LoadStringA(HINSTANCE /*module*/, UINT id, LPSTR buffer, int capacity) {
         return 0;
     }
     // A text that does not fit is cut between two characters, which take one to four bytes.
-    std::string ansi = pc::ansiFromUtf16(*text);
+    std::string ansi = pc::ansiFromUtf16(pc::ansiCodePage(), *text);
     while (ansi.size() >= static_cast<size_t>(capacity)) {
         text->pop_back();
         if (!text->empty() && (text->back() & 0xFC00) == 0xD800) text->pop_back();
-        ansi = pc::ansiFromUtf16(*text);
+        ansi = pc::ansiFromUtf16(pc::ansiCodePage(), *text);
     }
     *std::copy(ansi.begin(), ansi.end(), buffer) = '\0';
     return static_cast<int>(ansi.size());

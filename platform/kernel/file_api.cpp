@@ -1,8 +1,11 @@
 // Files by handle.
+#include "../pc/letter_case.h"
 #include "call.h"
 #include "kernel.h"
+#include "open_file.h"
 #include "pc_path.h"
 
+#include <functional>
 #include <limits>
 #include <utility>
 
@@ -10,22 +13,30 @@ namespace kernel {
 
 namespace {
 
-pc::OpenFile* openFileOf(HANDLE handle) {
-    pc::Pc* const pc = pc::Pc::current();
-    if (pc == nullptr) return nullptr;
-    const auto found = pc->openFiles().find(reinterpret_cast<uintptr_t>(handle));
-    return found == pc->openFiles().end() ? nullptr : &found->second;
-}
-
-std::string_view pathOf(const pc::OpenFile* file) {
-    return file != nullptr ? std::string_view(file->path) : std::string_view();
-}
-
 bool truncates(DWORD disposition) {
     return disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING;
 }
 
+HANDLE addHandle(const std::string& path, const pc::OpenMode& mode, pc::Opened opened,
+                 std::shared_ptr<pc::Device> device) {
+    pc::Pc& pc = *pc::Pc::current();
+    const uintptr_t value = pc.newHandle();
+    pc.openFiles()[value] =
+        pc::OpenFile{path, mode, std::move(opened.identity), std::move(opened.file), std::move(device), 0};
+    return reinterpret_cast<HANDLE>(value);
+}
+
+pc::Error openDevice(const std::string& path, std::shared_ptr<pc::Device> device, const pc::OpenMode& mode,
+                     HANDLE& handle) {
+    pc::Opened opened{pc::makeDeviceFile(), pc::upperCase(path), false};
+    const pc::Error error = pc::Pc::current()->checkSharing(opened.identity, mode);
+    if (error == 0) handle = addHandle(path, mode, std::move(opened), std::move(device));
+    return error;
+}
+
 pc::Error openFile(const std::string& path, const pc::OpenMode& mode, HANDLE& handle) {
+    if (std::shared_ptr<pc::Device> device = findDevice(path.c_str()))
+        return openDevice(path, std::move(device), mode, handle);
     PcPath target;
     pc::Error error = findPath(path.c_str(), target);
     if (error != 0) return error;
@@ -34,15 +45,11 @@ pc::Error openFile(const std::string& path, const pc::OpenMode& mode, HANDLE& ha
     error = query ? target.volume->openForQuery(target.inside, opened)
                   : target.volume->open(target.inside, mode, opened);
     if (error != 0) return error;
-    pc::Pc& pc = *pc::Pc::current();
-    error = pc.checkSharing(opened.identity, mode);
+    error = pc::Pc::current()->checkSharing(opened.identity, mode);
     const bool truncate = !query && !opened.created && truncates(mode.disposition);
     if (error == 0 && truncate) error = opened.file->setSize(0);
-    if (error != 0) return error;
-    const uintptr_t value = pc.newHandle();
-    pc.openFiles()[value] = pc::OpenFile{path, mode, std::move(opened.identity), std::move(opened.file), 0};
-    handle = reinterpret_cast<HANDLE>(value);
-    return 0;
+    if (error == 0) handle = addHandle(path, mode, std::move(opened), nullptr);
+    return error;
 }
 
 }  // namespace
@@ -129,6 +136,30 @@ DWORD GetFileSize(HANDLE handle, LPDWORD high) {
         SetLastError(NO_ERROR);  // 0xFFFFFFFF is a size, too
     }
     return call.end(error, static_cast<DWORD>(size), INVALID_FILE_SIZE);
+}
+
+// Times and the volume's serial number are 0; the index is the same for all openings of one stream.
+BOOL GetFileInformationByHandle(HANDLE handle, LPBY_HANDLE_FILE_INFORMATION information) {
+    pc::OpenFile* const file = openFileOf(handle);
+    Call call("GetFileInformationByHandle", pathOf(file));
+    if (file == nullptr) return call.end(ERROR_INVALID_HANDLE);
+    pc::Error error = call.fault();
+    uint64_t size = 0;
+    if (error == 0) error = file->file->size(size);
+    PcPath target;
+    uint32_t bits = 0;
+    if (error == 0) error = findPath(file->path.c_str(), target);
+    if (error == 0) error = target.volume->attributes(target.inside, bits);
+    if (error != 0) return call.end(error);
+    const uint64_t index = std::hash<std::string>()(file->identity);
+    *information = {};
+    information->dwFileAttributes = bits;
+    information->nFileSizeHigh = static_cast<DWORD>(size >> 32);
+    information->nFileSizeLow = static_cast<DWORD>(size);
+    information->nNumberOfLinks = 1;
+    information->nFileIndexHigh = static_cast<DWORD>(index >> 32);
+    information->nFileIndexLow = static_cast<DWORD>(index);
+    return call.end(0);
 }
 
 BOOL FlushFileBuffers(HANDLE handle) {

@@ -1,10 +1,9 @@
 // Page memory and the process heap. The PC keeps count of what the library holds.
 #include "call.h"
+#include "host_memory.h"
 #include "kernel.h"
 
-#include <cstdlib>
-#include <cstring>
-#include <set>
+#include <map>
 
 namespace kernel {
 
@@ -12,24 +11,26 @@ namespace {
 
 // Memory can outlive the PC it was taken under, in a test that fails half-way; a block is recognised
 // without one.
-std::set<const void*>& livingBlocks() {
-    static std::set<const void*> blocks;
+std::map<const void*, SIZE_T>& livingBlocks() {
+    static std::map<const void*, SIZE_T> blocks;
     return blocks;
 }
 
 void* allocate(Call& call, SIZE_T size) {
     const pc::Error error = call.memoryFault();
-    void* const memory = error == 0 ? std::calloc(1, size) : nullptr;
+    void* const memory = error == 0 ? takeHostMemory(size) : nullptr;
     if (memory == nullptr) return call.end<void*>(ERROR_NOT_ENOUGH_MEMORY, nullptr, nullptr);
-    livingBlocks().insert(memory);
+    livingBlocks()[memory] = size;
     if (pc::Pc* const pc = pc::Pc::current()) pc->memory().insert(memory);
     return call.end(0, memory, static_cast<void*>(nullptr));
 }
 
 BOOL release(Call& call, void* memory) {
-    if (livingBlocks().erase(memory) == 0) return call.end(ERROR_INVALID_PARAMETER);
+    const auto block = livingBlocks().find(memory);
+    if (block == livingBlocks().end()) return call.end(ERROR_INVALID_PARAMETER);
     if (pc::Pc* const pc = pc::Pc::current()) pc->memory().erase(memory);
-    std::free(memory);
+    giveHostMemory(memory, block->second);
+    livingBlocks().erase(block);
     return call.end(0);
 }
 

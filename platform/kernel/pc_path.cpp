@@ -10,8 +10,10 @@ namespace kernel {
 
 namespace {
 
+constexpr std::string_view kDevicePrefix = "\\\\.\\";
+
 bool isDevice(std::string_view path) {
-    return path.starts_with("\\\\.\\") || path.starts_with("//./") || path.starts_with("\\\\?\\");
+    return path.starts_with(kDevicePrefix) || path.starts_with("//./") || path.starts_with("\\\\?\\");
 }
 
 bool hasDrive(std::string_view path) {
@@ -25,6 +27,15 @@ bool ownsPath(LPCSTR path) {
     if (isDevice(path)) return true;
     pc::Pc* const pc = pc::Pc::current();
     return pc != nullptr && hasDrive(path) && pc->drive(path[0]) != nullptr;
+}
+
+std::shared_ptr<pc::Device> findDevice(LPCSTR path) {
+    const pc::Pc* const pc = pc::Pc::current();
+    if (path == nullptr || pc == nullptr) return nullptr;
+    std::string_view name = path;
+    if (!name.starts_with(kDevicePrefix)) return nullptr;
+    name.remove_prefix(kDevicePrefix.size());
+    return pc->device(name);
 }
 
 pc::Error findPath(LPCSTR path, PcPath& found) {

@@ -16,7 +16,10 @@ struct PcPath {
     std::string inside;  // UTF-8, relative to the volume's root
 };
 
-// 2: a device the PC lacks; 3: no such drive, or a path of no drive; 21: no medium; 123: text that is none
+// The PC's device that the path names; null for one that the PC lacks, and for any other path.
+std::shared_ptr<pc::Device> findDevice(LPCSTR path);
+
+// 2: a device; 3: no such drive, or a path of no drive; 21: no medium; 123: text that is none
 // of the code page; 206: too long.
 pc::Error findPath(LPCSTR path, PcPath& found);
 

@@ -1,6 +1,7 @@
 #include "code_page.h"
 
 #include "pc.h"
+#include "utf8.h"
 
 namespace pc {
 
@@ -17,6 +18,24 @@ bool isLeadByte(unsigned codePage, uint8_t byte) {
     case 950: return byte >= 0x81 && byte <= 0xFE;
     default: return false;
     }
+}
+
+std::u16string utf16FromAnsi(unsigned codePage, std::string_view text) {
+    if (codePage == kCodePageUtf8) return utf16FromBytes(text);
+    if (const auto utf8 = utf8FromAnsi(codePage, text)) return utf16FromUtf8(*utf8);
+    std::u16string units;
+    for (size_t start = 0; start < text.size();) {
+        const size_t length = isLeadByte(codePage, static_cast<uint8_t>(text[start])) ? 2 : 1;
+        const auto character = utf8FromAnsi(codePage, text.substr(start, length));
+        units += character ? utf16FromUtf8(*character) : u"?";
+        start += length;
+    }
+    return units;
+}
+
+std::string ansiFromUtf16(unsigned codePage, std::u16string_view text) {
+    if (codePage == kCodePageUtf8) return bytesFromUtf16(text);
+    return ansiFromUtf8(codePage, utf8FromUtf16(text), /*exact=*/false).value_or("");
 }
 
 }  // namespace pc

@@ -23,8 +23,10 @@ std::optional<std::string> utf8FromAnsi(unsigned codePage, std::string_view text
 // A character that the code page lacks becomes "?", or nothing is returned when `exact`.
 std::optional<std::string> ansiFromUtf8(unsigned codePage, std::string_view text, bool exact);
 
-// For texts of the resources, in the current PC's code page.
-std::string ansiFromUtf16(std::u16string_view text);
+// These two take any text, as Windows does: what is no character becomes "?". With UTF-8, bytes and units go
+// back and forth as utf16FromBytes has them.
+std::u16string utf16FromAnsi(unsigned codePage, std::string_view text);
+std::string ansiFromUtf16(unsigned codePage, std::u16string_view text);
 
 }  // namespace pc
 

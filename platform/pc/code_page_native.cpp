@@ -1,6 +1,8 @@
 // Conversion by the C library's iconv.
 #include "code_page.h"
 
+#include "utf8.h"
+
 #include <iconv.h>
 
 #include <cerrno>
@@ -8,6 +10,14 @@
 namespace pc {
 
 namespace {
+
+// Windows gives the bytes that its Western code page leaves undefined the control characters of their values.
+constexpr unsigned kWestern = 1252;
+constexpr std::string_view kWesternControls = "\x81\x8D\x8F\x90\x9D";
+
+bool isWesternControl(char32_t character) {
+    return character < 0x100 && kWesternControls.find(static_cast<char>(character)) != std::string_view::npos;
+}
 
 class Converter {
   public:
@@ -19,61 +29,63 @@ class Converter {
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
 
-    // Converts all of `text`; a character that cannot be converted becomes `replacement`, or nothing is
-    // returned when that is empty.
-    std::optional<std::string> convert(std::string_view text, std::string_view replacement,
-                                       size_t characterSize) {
-        if (!valid()) return std::nullopt;
-        std::string result;
+    bool valid() const { return iconv_ != reinterpret_cast<iconv_t>(-1); }
+
+    // Appends what can be converted of `text`, up to its end or to a character that cannot be converted,
+    // where `text` then begins.
+    void convert(std::string_view& text, std::string& result) {
         char* input = const_cast<char*>(text.data());
-        size_t inputLeft = text.size();
-        while (inputLeft > 0) {
+        size_t left = text.size();
+        bool more = true;
+        while (more && left > 0) {
             char piece[256];
             char* output = piece;
             size_t outputLeft = sizeof piece;
-            const size_t done = iconv(iconv_, &input, &inputLeft, &output, &outputLeft);
+            const size_t done = iconv(iconv_, &input, &left, &output, &outputLeft);
             result.append(piece, sizeof piece - outputLeft);
-            if (done != static_cast<size_t>(-1) || errno == E2BIG) continue;
-            if (replacement.empty() || inputLeft < characterSize) return std::nullopt;
-            result += replacement;
-            skipCharacter(input, inputLeft, characterSize);
+            more = done != static_cast<size_t>(-1) || errno == E2BIG;
         }
-        return result;
+        text.remove_prefix(text.size() - left);
     }
 
   private:
-    bool valid() const { return iconv_ != reinterpret_cast<iconv_t>(-1); }
-
-    // One UTF-8 character when characterSize is 1, else a UTF-16 unit.
-    static void skipCharacter(char*& input, size_t& left, size_t characterSize) {
-        do {
-            input += characterSize;
-            left -= characterSize;
-        } while (characterSize == 1 && left > 0 && (static_cast<unsigned char>(*input) & 0xC0) == 0x80);
-    }
-
     iconv_t iconv_;
 };
 
 std::string nameOf(unsigned codePage) {
-    return codePage == kCodePageUtf8 ? "UTF-8" : "CP" + std::to_string(codePage);
+    return "CP" + std::to_string(codePage);
 }
 
 }  // namespace
 
 std::optional<std::string> utf8FromAnsi(unsigned codePage, std::string_view text) {
     if (codePage == kCodePageUtf8) return std::string(text);
-    return Converter("UTF-8", nameOf(codePage)).convert(text, {}, 1);
+    Converter converter("UTF-8", nameOf(codePage));
+    if (!converter.valid()) return std::nullopt;
+    std::string utf8;
+    for (converter.convert(text, utf8); !text.empty(); converter.convert(text, utf8)) {
+        const auto byte = static_cast<uint8_t>(text[0]);
+        if (codePage != kWestern || !isWesternControl(byte)) return std::nullopt;
+        appendCharacter(utf8, byte);
+        text.remove_prefix(1);
+    }
+    return utf8;
 }
 
 std::optional<std::string> ansiFromUtf8(unsigned codePage, std::string_view text, bool exact) {
     if (codePage == kCodePageUtf8) return std::string(text);
-    return Converter(nameOf(codePage), "UTF-8").convert(text, exact ? "" : "?", 1);
-}
-
-std::string ansiFromUtf16(std::u16string_view text) {
-    const std::string_view bytes(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t));
-    return Converter(nameOf(ansiCodePage()), "UTF-16LE").convert(bytes, "?", sizeof(char16_t)).value_or("");
+    Converter converter(nameOf(codePage), "UTF-8");
+    if (!converter.valid()) return std::nullopt;
+    std::string ansi;
+    for (converter.convert(text, ansi); !text.empty(); converter.convert(text, ansi)) {
+        size_t length = 0;
+        const char32_t character = nextCharacter(text, length);
+        const bool control = codePage == kWestern && isWesternControl(character);
+        if (!control && exact) return std::nullopt;
+        ansi += control ? static_cast<char>(character) : '?';
+        text.remove_prefix(length);
+    }
+    return ansi;
 }
 
 }  // namespace pc

@@ -47,10 +47,4 @@ std::optional<std::string> ansiFromUtf8(unsigned codePage, std::string_view text
     return narrowFrom(codePage, *wide, exact);
 }
 
-std::string ansiFromUtf16(std::u16string_view text) {
-    static_assert(sizeof(wchar_t) == sizeof(char16_t));
-    const std::wstring wide(text.begin(), text.end());
-    return narrowFrom(ansiCodePage(), wide, false).value_or("");
-}
-
 }  // namespace pc

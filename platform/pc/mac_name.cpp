@@ -1,5 +1,7 @@
 #include "mac_name.h"
 
+#include "host_name.h"
+#include "letter_case.h"
 #include "mac_roman.h"
 #include "reserved_characters.h"
 #include "utf8.h"
@@ -20,11 +22,18 @@ std::string slashesForColons(std::string_view hostName) {
     return name;
 }
 
+bool meansSomethingElse(std::string_view name) {
+    return name == "." || name == ".." || belongsToDriver(name) || equalIgnoringCase(name, kResourceName) ||
+           equalIgnoringCase(name, kFinderInfoName);
+}
+
 std::string usableOnHost(std::string name) {
     std::replace(name.begin(), name.end(), '/', ':');
     std::replace(name.begin(), name.end(), '\0', '_');
     if (name.empty()) return "_";
-    if (name == "." || name == ".." || belongsToDriver(name)) name[0] = '_';
+    if (meansSomethingElse(name)) name[0] = '_';
+    name = hostNameOf(windowsNameOf(name));
+    if (meansSomethingElse(name)) name[0] = '_';
     return name;
 }
 
@@ -51,6 +60,20 @@ std::string hostNameFromMac(std::string_view macRoman) {
 
 std::string hostNameFromUnicodeMac(std::u16string_view macName) {
     return usableOnHost(utf8FromUtf16(macName));
+}
+
+std::string hostNameFor(const MacName& macName) {
+    if (const auto* const roman = std::get_if<std::string>(&macName)) return hostNameFromMac(*roman);
+    return hostNameFromUnicodeMac(std::get<std::u16string>(macName));
+}
+
+bool standsFor(std::string_view hostName, const MacName& macName) {
+    const std::string name = slashesForColons(hostName);
+    const auto* const roman = std::get_if<std::string>(&macName);
+    if (roman == nullptr) return utf16FromUtf8(name) == std::get<std::u16string>(macName);
+    // A character that Mac Roman lacks is one more "_".
+    return macRomanFromUtf8(name) == *roman &&
+           std::count(roman->begin(), roman->end(), '_') == std::count(name.begin(), name.end(), '_');
 }
 
 }  // namespace pc

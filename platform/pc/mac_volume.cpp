@@ -5,6 +5,7 @@
 #include "letter_case.h"
 #include "mac_item.h"
 #include "mac_name.h"
+#include "mac_names.h"
 #include "volume.h"
 #include "volume_path.h"
 #include "win32_error.h"
@@ -18,8 +19,6 @@ namespace {
 
 enum class Fork { data, resource, finderInfo };
 
-constexpr std::string_view kResourceName = "{4DD19183-ACE2-11CF-BBF2-444553540000}";
-constexpr std::string_view kFinderInfoName = "{4DD19184-ACE2-11CF-BBF2-444553540000}";
 constexpr std::string_view kRootStoreName = "._.";
 constexpr std::string_view kUnnamedVolume = "Untitled";
 constexpr size_t kStoresKeptUnasked = 64;
@@ -30,7 +29,7 @@ Fork forkNamed(std::string_view component) {
     return equalIgnoringCase(component, kFinderInfoName) ? Fork::finderInfo : Fork::data;
 }
 
-class MacVolume final : public Volume {
+class MacVolume final : public Volume, public MacNames {
   public:
     explicit MacVolume(const std::string& folder) : root_(hostAbsolute(folder)) {}
 
@@ -41,6 +40,10 @@ class MacVolume final : public Volume {
     Error remove(const std::string& path) override;
     Error shortPath(const std::string& path, std::string& shortForm) override;
     void setFreeSpace(uint64_t bytes) override { *space_ = {true, bytes}; }
+    MacNames* macNames() override { return this; }
+
+    Error find(const std::string& folder, const MacName& name, std::string& windowsName) override;
+    Error create(const std::string& folder, const MacName& name, std::string& windowsName) override;
 
   private:
     using Store = std::shared_ptr<AppleDouble>;
@@ -62,6 +65,8 @@ class MacVolume final : public Volume {
     Error openResource(const Place& place, const OpenMode& mode, Opened& opened);
     Error openFinderInfo(const Place& place, const OpenMode& mode, Opened& opened);
     Error removeFile(const Place& place);
+    Error findInFolder(const std::string& path, const MacName& name, MacItem& item) const;
+    Error keepRealName(const MacItem& item, const std::string& macName);
 
     std::string root_;
     std::shared_ptr<SpaceLimit> space_ = std::make_shared<SpaceLimit>();
@@ -269,6 +274,76 @@ Error MacVolume::shortPath(const std::string& path, std::string& shortForm) {
     }
     if (error == 0) shortForm = path;
     return error;
+}
+
+// A file that keeps another Mac name than its host name tells has the host name that this Mac name would get,
+// so that the look at the host name finds it, too.
+Error MacVolume::findInFolder(const std::string& path, const MacName& name, MacItem& item) const {
+    Place folder;
+    const Error error = locateExisting(path, folder);
+    if (error == kFileNotFound) return kPathNotFound;
+    if (error != 0) return error;
+    if (folder.fork != Fork::data || folder.item.status.kind != HostKind::folder) return kPathNotFound;
+
+    const auto place = [&](const std::string& hostName) {
+        item.name = hostName;
+        item.path = hostJoin(folder.item.path, hostName);
+        return hostStatus(item.path, item.status);
+    };
+    const std::string usual = hostNameFor(name);
+    const Error found = place(usual);
+    if (found != kFileNotFound) return found;
+    std::vector<HostItem> items;
+    const Error unread = hostList(folder.item.path, items);
+    if (unread != 0) return unread;
+    for (const HostItem& other : items) {
+        if (!belongsToDriver(other.name) && standsFor(other.name, name)) return place(other.name);
+    }
+    return place(usual);
+}
+
+Error MacVolume::find(const std::string& folder, const MacName& name, std::string& windowsName) {
+    MacItem item;
+    const Error error = findInFolder(folder, name, item);
+    windowsName = windowsNameOf(item.name);
+    return error;
+}
+
+Error MacVolume::create(const std::string& folder, const MacName& name, std::string& windowsName) {
+    MacItem item;
+    Error error = findInFolder(folder, name, item);
+    windowsName = windowsNameOf(item.name);
+    if (error == 0) return item.status.kind == HostKind::file ? 0 : kAccessDenied;
+    if (error != kFileNotFound) return error;
+
+    OpenMode mode;
+    mode.write = true;
+    mode.disposition = kCreateNew;
+    Opened opened;
+    error = openHostFile(item.path, mode, space_, opened);
+    if (error != 0) return error == kFileExists ? kAccessDenied : error;
+    const auto* const roman = std::get_if<std::string>(&name);
+    if (roman != nullptr && macNameFromHost(item.name) != *roman) error = keepRealName(item, *roman);
+    if (error == 0) return 0;
+    opened.file.reset();
+    removeHostFile(item.path, *space_);
+    return error;
+}
+
+// Mac information that a former file of the name left behind is not the new one's to change.
+Error MacVolume::keepRealName(const MacItem& item, const std::string& macName) {
+    Place place;
+    place.item = item;
+    place.folder = item.path.substr(0, item.path.rfind('/'));
+    Store store;
+    Error error = hostStatus(item.path, place.item.status);
+    if (error == 0) error = openStore(place, store);
+    if (error != 0 || store->exists()) return error;
+    std::vector<AppleDoubleEdit> edits = newAppleDoubleEntries(place.item);
+    for (AppleDoubleEdit& edit : edits) {
+        if (edit.id == kRealName) edit.bytes.assign(macName.begin(), macName.end());
+    }
+    return store->rewrite(edits, {}, item.path);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "pc.h"
 
+#include "letter_case.h"
+
 #include <cctype>
 #include <utility>
 
@@ -39,6 +41,15 @@ void Pc::addDrive(char letter, unsigned type, std::unique_ptr<Volume> volume) {
 Drive* Pc::drive(char letter) {
     const auto found = drives_.find(static_cast<char>(std::toupper(static_cast<unsigned char>(letter))));
     return found == drives_.end() ? nullptr : &found->second;
+}
+
+void Pc::addDevice(std::string_view name, std::shared_ptr<Device> device) {
+    devices_[upperCase(name)] = std::move(device);
+}
+
+std::shared_ptr<Device> Pc::device(std::string_view name) const {
+    const auto found = devices_.find(upperCase(name));
+    return found == devices_.end() ? nullptr : found->second;
 }
 
 uintptr_t Pc::newHandle() {

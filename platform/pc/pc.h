@@ -4,6 +4,7 @@
 
 #include "clock.h"
 #include "code_page.h"
+#include "device.h"
 #include "fault_plan.h"
 #include "journal.h"
 #include "volume.h"
@@ -29,6 +30,7 @@ struct OpenFile {
     OpenMode mode;     // neither reading nor writing for a query of attributes
     std::string identity;
     std::unique_ptr<File> file;
+    std::shared_ptr<Device> device;  // null for a file of a volume
     uint64_t position = 0;
 };
 
@@ -47,6 +49,11 @@ class Pc {
     void addDrive(char letter, unsigned type, std::unique_ptr<Volume> volume);
     // Null when there is no such drive.
     Drive* drive(char letter);
+
+    // The device "\\.\NAME", in the place of one of that name. Letter case does not matter.
+    void addDevice(std::string_view name, std::shared_ptr<Device> device);
+    // Null when the PC has no such device.
+    std::shared_ptr<Device> device(std::string_view name) const;
 
     // 1252 at first. In a code page of two-byte characters paths hold them, as on such a Windows.
     void setCodePage(unsigned codePage) { codePage_ = codePage; }
@@ -79,6 +86,7 @@ class Pc {
     Platform platform_;
     Pc* previous_;
     std::map<char, Drive> drives_;
+    std::map<std::string, std::shared_ptr<Device>> devices_;  // by the name in capitals
     unsigned codePage_ = 1252;
     size_t pathLimit_ = 260;
     Journal journal_;

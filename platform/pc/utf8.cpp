@@ -21,6 +21,50 @@ size_t lengthFrom(uint8_t first) {
     return 0;
 }
 
+enum class Stray { replaced, kept };
+
+constexpr char32_t kStrayByteBase = 0xDC00;
+
+bool isStrayByte(char32_t unit) {
+    return unit >= kStrayByteBase + 0x80 && unit <= kStrayByteBase + 0xFF;
+}
+
+std::u16string decode(std::string_view text, Stray stray) {
+    std::u16string units;
+    for (size_t position = 0; position < text.size();) {
+        const uint8_t first = static_cast<uint8_t>(text[position]);
+        char32_t character = nextCharacter(text, position);
+        if (character == kNoCharacter)
+            character = stray == Stray::kept ? kStrayByteBase + first : kReplacement;
+        if (character >= 0x10000) {
+            character -= 0x10000;
+            units += static_cast<char16_t>(0xD800 + (character >> 10));
+            character = 0xDC00 + (character & 0x3FF);
+        }
+        units += static_cast<char16_t>(character);
+    }
+    return units;
+}
+
+std::string encode(std::u16string_view text, Stray stray) {
+    std::string bytes;
+    for (size_t i = 0; i < text.size(); ++i) {
+        char32_t character = text[i];
+        if (stray == Stray::kept && isStrayByte(character)) {
+            bytes += static_cast<char>(character - kStrayByteBase);
+            continue;
+        }
+        if (isSurrogate(character)) {
+            const char32_t low = i + 1 < text.size() ? char32_t{text[i + 1]} : 0;
+            const bool paired = character < 0xDC00 && low >= 0xDC00 && low <= 0xDFFF;
+            character = paired ? 0x10000 + ((character - 0xD800) << 10) + (low - 0xDC00) : kReplacement;
+            if (paired) ++i;
+        }
+        appendCharacter(bytes, character);
+    }
+    return bytes;
+}
+
 }  // namespace
 
 char32_t nextCharacter(std::string_view text, size_t& position) {
@@ -61,33 +105,19 @@ void appendCharacter(std::string& text, char32_t character) {
 }
 
 std::u16string utf16FromUtf8(std::string_view text) {
-    std::u16string units;
-    for (size_t position = 0; position < text.size();) {
-        char32_t character = nextCharacter(text, position);
-        if (character == kNoCharacter) character = kReplacement;
-        if (character >= 0x10000) {
-            character -= 0x10000;
-            units += static_cast<char16_t>(0xD800 + (character >> 10));
-            character = 0xDC00 + (character & 0x3FF);
-        }
-        units += static_cast<char16_t>(character);
-    }
-    return units;
+    return decode(text, Stray::replaced);
 }
 
 std::string utf8FromUtf16(std::u16string_view text) {
-    std::string bytes;
-    for (size_t i = 0; i < text.size(); ++i) {
-        char32_t character = text[i];
-        if (isSurrogate(character)) {
-            const char32_t low = i + 1 < text.size() ? char32_t{text[i + 1]} : 0;
-            const bool paired = character < 0xDC00 && low >= 0xDC00 && low <= 0xDFFF;
-            character = paired ? 0x10000 + ((character - 0xD800) << 10) + (low - 0xDC00) : kReplacement;
-            if (paired) ++i;
-        }
-        appendCharacter(bytes, character);
-    }
-    return bytes;
+    return encode(text, Stray::replaced);
+}
+
+std::u16string utf16FromBytes(std::string_view text) {
+    return decode(text, Stray::kept);
+}
+
+std::string bytesFromUtf16(std::u16string_view text) {
+    return encode(text, Stray::kept);
 }
 
 }  // namespace pc

@@ -20,6 +20,11 @@ void appendCharacter(std::string& text, char32_t character);
 std::u16string utf16FromUtf8(std::string_view text);
 std::string utf8FromUtf16(std::u16string_view text);
 
+// As these two, but every byte survives: one that belongs to no character is the low surrogate 0xDC00 plus
+// the byte, which no text holds without its high surrogate.
+std::u16string utf16FromBytes(std::string_view text);
+std::string bytesFromUtf16(std::u16string_view text);
+
 }  // namespace pc
 
 #endif

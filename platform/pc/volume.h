@@ -6,6 +6,8 @@
 
 namespace pc {
 
+class MacNames;
+
 // Paths given to a volume are UTF-8, relative to its root, components separated by '\', without a leading
 // one; the root itself is the empty path. A trailing '\' is allowed after a folder.
 class Volume {
@@ -38,6 +40,9 @@ class Volume {
 
     // Limits the free space that writes may take, for tests of a full disk. Not limited at first.
     virtual void setFreeSpace(uint64_t bytes) = 0;
+
+    // Null for a volume that is none of the Mac volume driver's.
+    virtual MacNames* macNames() { return nullptr; }
 };
 
 // The folder must exist. FAT: neither streams nor short names. NTFS: streams and 8.3 names, letter case

@@ -6,12 +6,14 @@
 
 namespace pc {
 
+constexpr Error kInvalidFunction = 1;
 constexpr Error kFileNotFound = 2;
 constexpr Error kPathNotFound = 3;
 constexpr Error kTooManyOpenFiles = 4;
 constexpr Error kAccessDenied = 5;
 constexpr Error kNotEnoughMemory = 8;
 constexpr Error kWriteProtected = 19;
+constexpr Error kNotReady = 21;
 constexpr Error kGeneralFailure = 31;
 constexpr Error kSharingViolation = 32;
 constexpr Error kFileExists = 80;

@@ -2,6 +2,12 @@
 
 namespace tidewell {
 
+bool MayExist(const char* path) {
+    if (GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES) return true;
+    const DWORD error = GetLastError();
+    return error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND;
+}
+
 ErrorCode ReadWhole(HANDLE file, void* buffer, DWORD count) {
     DWORD transferred = 0;
     if (!ReadFile(file, buffer, count, &transferred, nullptr)) return lastErrorOr(ERROR_HANDLE_EOF);

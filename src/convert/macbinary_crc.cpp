@@ -1,5 +1,8 @@
 #include "convert/macbinary_crc.h"
 
+#include <bit>
+#include <cstring>
+
 namespace tidewell {
 
 namespace {
@@ -30,24 +33,79 @@ struct Remainders {
 
 constexpr Remainders kRemainder;
 
-uint16_t crcOfStep(unsigned crc, const uint8_t* bytes) {
-    unsigned sum = kRemainder.of[kStep - 1][bytes[0] ^ crc >> 8];
-    sum ^= kRemainder.of[kStep - 2][bytes[1] ^ (crc & 0xFF)];
-    for (size_t i = 2; i < kStep; ++i)
-        sum ^= kRemainder.of[kStep - 1 - i][bytes[i]];
-    return static_cast<uint16_t>(sum);
+// One CRC waits for its own last step; four of a quarter each do not wait for each other.
+constexpr size_t kLanes = 4;
+constexpr size_t kLaneSize = 2048;  // bytes
+
+// What kLaneSize zero bytes make of a CRC: linear again, so it is the sum of what they make of its two bytes.
+struct LaneShift {
+    uint16_t ofLow[256];
+    uint16_t ofHigh[256];
+
+    constexpr LaneShift() : ofLow(), ofHigh() {
+        for (unsigned bit = 0; bit < 16; ++bit) {
+            unsigned crc = 1u << bit;
+            for (size_t i = 0; i < kLaneSize; ++i)
+                crc = (crc << 8 & 0xFFFF) ^ kRemainder.of[0][crc >> 8];
+            uint16_t* const table = bit < 8 ? ofLow : ofHigh;
+            for (unsigned byte = 0; byte < 256; ++byte) {
+                if ((byte >> bit % 8 & 1) != 0) table[byte] = static_cast<uint16_t>(table[byte] ^ crc);
+            }
+        }
+    }
+
+    constexpr unsigned operator()(unsigned crc) const { return ofLow[crc & 0xFF] ^ ofHigh[crc >> 8]; }
+};
+constexpr LaneShift kLaneShift;
+
+// Loaded whole: to load the bytes one by one would take as long as looking them up.
+static_assert(std::endian::native == std::endian::little);
+uint64_t load64(const uint8_t* bytes) {
+    uint64_t value = 0;
+    std::memcpy(&value, bytes, sizeof value);
+    return value;
+}
+
+// Spelt out, since a loop of eight small steps is not always unrolled.
+[[gnu::always_inline]] inline unsigned lookUp(uint64_t bytes, const uint16_t (*first)[256]) {
+    return first[0][bytes & 0xFF] ^ first[-1][bytes >> 8 & 0xFF] ^ first[-2][bytes >> 16 & 0xFF] ^
+           first[-3][bytes >> 24 & 0xFF] ^ first[-4][bytes >> 32 & 0xFF] ^ first[-5][bytes >> 40 & 0xFF] ^
+           first[-6][bytes >> 48 & 0xFF] ^ first[-7][bytes >> 56];
+}
+
+unsigned crcOfStep(unsigned crc, const uint8_t* bytes) {
+    const uint64_t start = load64(bytes) ^ (crc >> 8 | (crc & 0xFF) << 8);
+    return lookUp(start, &kRemainder.of[kStep - 1]) ^ lookUp(load64(bytes + 8), &kRemainder.of[kStep - 9]);
+}
+
+unsigned crcOfLanes(unsigned crc, const uint8_t* bytes) {
+    unsigned lane[kLanes] = {crc};
+    for (size_t i = 0; i < kLaneSize; i += kStep) {
+        for (size_t n = 0; n < kLanes; ++n)
+            lane[n] = crcOfStep(lane[n], bytes + n * kLaneSize + i);
+    }
+    unsigned sum = lane[0];
+    for (size_t n = 1; n < kLanes; ++n)
+        sum = kLaneShift(sum) ^ lane[n];
+    return sum;
 }
 
 }  // namespace
 
-uint16_t MacBinaryCrc(const void* bytes, size_t count) {
+uint16_t ContinueCrc(uint16_t crc, const void* bytes, size_t count) {
     const auto* next = static_cast<const uint8_t*>(bytes);
-    unsigned crc = 0;
+    unsigned value = crc;
+    for (; count >= kLanes * kLaneSize; count -= kLanes * kLaneSize, next += kLanes * kLaneSize)
+        value = crcOfLanes(value, next);
     for (; count >= kStep; count -= kStep, next += kStep)
-        crc = crcOfStep(crc, next);
+        value = crcOfStep(value, next);
     for (; count > 0; --count, ++next)
-        crc = (crc << 8 & 0xFFFF) ^ kRemainder.of[0][crc >> 8 ^ *next];
-    return static_cast<uint16_t>(crc);
+        value = (value << 8 & 0xFFFF) ^ kRemainder.of[0][value >> 8 ^ *next];
+    return static_cast<uint16_t>(value);
+}
+
+uint16_t MacBinaryCrc(const void* bytes, size_t count) {
+    return ContinueCrc(0, bytes, count);
 }
 
 }  // namespace tidewell

@@ -10,6 +10,9 @@ namespace tidewell {
 
 uint16_t MacBinaryCrc(const void* bytes, size_t count);
 
+// The CRC of what gave `crc` followed by `bytes`.
+uint16_t ContinueCrc(uint16_t crc, const void* bytes, size_t count);
+
 }  // namespace tidewell
 
 #endif

@@ -41,6 +41,25 @@ bool getForkLength(HANDLE file, DWORD& length) {
     return false;
 }
 
+// What tells a MacBinary header from other bytes.
+ErrorCode checkHeader(const MacBinaryFileHeader& header) {
+    constexpr uint8_t kFirstVersion = 129;
+    if (header.crc != 0 && header.crc != MacBinaryCrc(&header, offsetof(MacBinaryFileHeader, crc)))
+        return ERROR_CRC;
+    if (header.nameLength < 1 || header.nameLength > sizeof header.name) return ERROR_INVALID_DATA;
+    if (header.readerVersion != 0 && header.readerVersion < kFirstVersion) return ERROR_INVALID_DATA;
+    return 0;
+}
+
+ErrorCode checkFileSize(HANDLE file, const MacBinaryFileHeader& header) {
+    BY_HANDLE_FILE_INFORMATION information;
+    if (!GetFileInformationByHandle(file, &information)) return lastErrorOr(ERROR_GEN_FAILURE);
+    const uint64_t needed =
+        kMacBinaryBlock + MacBinaryRoundedUp(header.dataLength) + MacBinaryRoundedUp(header.resourceLength);
+    const uint64_t size = static_cast<uint64_t>(information.nFileSizeHigh) << 32 | information.nFileSizeLow;
+    return size >= needed ? 0 : ERROR_HANDLE_EOF;
+}
+
 }  // namespace
 
 BOOL BuildMacBinaryHeader(const char* dataPath, const char* finderInfoPath, HANDLE dataFile,
@@ -82,6 +101,19 @@ BOOL WriteMacBinaryHeader(HANDLE file, MacBinaryHeader* header) {
     }
     SwapFields(header, header, kMacBinaryFieldWidths);
     return error == 0 ? 1 : failWith(error);
+}
+
+BOOL ReadMacBinaryHeader(HANDLE file, MacBinaryHeader* header) {
+    if (SetFilePointer(file, 0, nullptr, FILE_BEGIN) == INVALID_SET_FILE_POINTER)
+        return failWith(lastErrorOr(ERROR_HANDLE_EOF));
+    MacBinaryFileHeader fileHeader;
+    ErrorCode error = ReadWhole(file, &fileHeader, sizeof fileHeader);
+    if (error == 0) error = checkHeader(fileHeader);
+    if (error == 0) error = checkFileSize(file, fileHeader);
+    if (error != 0) return failWith(error);
+    std::memcpy(static_cast<void*>(header), &fileHeader, sizeof *header);
+    SwapFields(header, header, kMacBinaryFieldWidths);
+    return 1;
 }
 
 }  // namespace tidewell

@@ -14,6 +14,10 @@ namespace tidewell {
 // Everything in a MacBinary file starts at a multiple of this many bytes; the header fills the first.
 constexpr DWORD kMacBinaryBlock = 128;
 
+constexpr uint64_t MacBinaryRoundedUp(uint64_t length) {
+    return (length + kMacBinaryBlock - 1) / kMacBinaryBlock * kMacBinaryBlock;
+}
+
 // What pads a fork to the next block; nothing when it fills its last one.
 constexpr DWORD MacBinaryPadding(DWORD forkLength) {
     return (kMacBinaryBlock - forkLength % kMacBinaryBlock) % kMacBinaryBlock;
@@ -84,6 +88,11 @@ BOOL BuildMacBinaryHeader(const char* dataPath, const char* finderInfoPath, HAND
 // Writes the header with its CRC at the start of `file`, leaving the position after its 126 bytes. Returns 1,
 // or 0 with the last error, 39 for a short write. The header is in host order again in either case.
 BOOL WriteMacBinaryHeader(HANDLE file, MacBinaryHeader* header);
+
+// Reads and checks the header at the start of `file`, and leaves it in host order. Returns 1, or 0 with the
+// last error: 23 when its CRC is neither right nor 0 (as MacBinary I leaves it), 13 when its name's length is
+// not 1 to 63 or it needs a version of 1 to 128, 38 when the file is shorter than it says; else the system's.
+BOOL ReadMacBinaryHeader(HANDLE file, MacBinaryHeader* header);
 
 }  // namespace tidewell
 

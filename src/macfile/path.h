@@ -3,12 +3,9 @@
 #ifndef TIDEWELL_MACFILE_PATH_H
 #define TIDEWELL_MACFILE_PATH_H
 
-#include <windows.h>
+#include "base/file.h"
 
 namespace tidewell {
-
-// The size of every path buffer, in bytes.
-constexpr DWORD kPathCapacity = 520;
 
 // Joins `dir`, which must not be empty, and `name` with a backslash where one is needed (none after a
 // backslash, none before a stream's colon). `out` may be `dir` itself. Returns the size of the result with

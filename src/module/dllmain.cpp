@@ -1,11 +1,11 @@
 // What the system calls when a process loads the library.
-#include "module/module_state.h"
+#include "module/attach.h"
 
 // Nothing is done on detach: other threads' code may still run, and the process gives everything back.
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
     if (reason == DLL_PROCESS_ATTACH) {
         DisableThreadLibraryCalls(instance);
-        tidewell::InitializeModuleState(instance);
+        tidewell::AttachModule(instance);
     }
     return TRUE;
 }

@@ -5,21 +5,21 @@ namespace tidewell {
 HINSTANCE ModuleInstance = nullptr;
 HINSTANCE ResourceModule = nullptr;
 bool RunningOnNt = false;
+bool UserIsAdmin = false;
+bool DoubleByteCharacters = false;
 
-namespace {
+volatile LONG ModuleLockCount = 0;
 
-bool isNtPlatform() {
+bool IsNtPlatform() {
     OSVERSIONINFOA version = {};
     version.dwOSVersionInfoSize = sizeof version;
     return GetVersionExA(&version) && version.dwPlatformId == VER_PLATFORM_WIN32_NT;
 }
 
-}  // namespace
-
 void InitializeModuleState(HINSTANCE instance) {
     ModuleInstance = instance;
     ResourceModule = instance;
-    RunningOnNt = isNtPlatform();
+    RunningOnNt = IsNtPlatform();
 }
 
 }  // namespace tidewell

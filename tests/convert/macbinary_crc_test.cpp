@@ -24,7 +24,7 @@ TEST_CASE("The CRC of MacBinary") {
     CHECK(tidewell::MacBinaryCrc(check.data(), check.size()) == 0x31C3);
     const Bytes zeros(124);
     CHECK(tidewell::MacBinaryCrc(zeros.data(), zeros.size()) == 0);
-    constexpr size_t kSizes[] = {0, 1, 2, 15, 16, 17, 31, 32, 124, 1000};
+    constexpr size_t kSizes[] = {0, 1, 2, 15, 16, 17, 31, 32, 124, 1000, 8191, 8192, 30000};
     for (const size_t size : kSizes) {
         const Bytes bytes = patternOf(size, 7);
         CHECK(tidewell::MacBinaryCrc(bytes.data(), size) == crcBitByBit(bytes));

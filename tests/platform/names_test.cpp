@@ -84,12 +84,35 @@ TEST_CASE("a Mac name comes from the host's name") {
 }
 
 TEST_CASE("the host's name comes from a Mac name, and is always one that a file may have") {
+#ifdef _WIN32
+    CHECK(hostNameFromMac("Read Me/ part\x8E") == "Read Me\uF022 part\u00E9");
+    CHECK(hostNameFromUnicodeMac(u"a/\u65E5") == "a\uF022\u65E5");
+#else
     CHECK(hostNameFromMac("Read Me/ part\x8E") == "Read Me: part\u00E9");
-    CHECK(hostNameFromUnicodeMac(u"a/\u65E5") == "a:\u65E5");
+    CHECK(hostNameFromUnicodeMac(u"a/\u65E5\uF020") == "a:\u65E5\"");
+#endif
     CHECK(hostNameFromMac("") == "_");
     CHECK(hostNameFromMac(".") == "_");
-    CHECK(hostNameFromMac("..") == "_.");
+    CHECK(hostNameFromMac("..") == hostNameOf(windowsNameOf("_.")));
     CHECK(hostNameFromMac("._x") == "__x");
     CHECK(hostNameFromMac(".x") == ".x");
     CHECK(hostNameFromMac(std::string("a\0b", 3)) == "a_b");
+}
+
+TEST_CASE("a host's name stands for a Mac name when nothing of it is lost") {
+    CHECK(standsFor("Read Me: e\u0301", std::string("Read Me/ \x8E")));
+    CHECK(standsFor("a_b", std::string("a_b")));
+    CHECK(standsFor(std::string(40, 'x'), std::string(40, 'x')));
+    CHECK_FALSE(standsFor("\u65E5\u672C", std::string("__")));
+    CHECK_FALSE(standsFor(std::string(40, 'x'), std::string(31, 'x')));
+    CHECK_FALSE(standsFor("readme", std::string("ReadMe")));
+    CHECK(standsFor("\u65E5:", std::u16string(u"\u65E5/")));
+    CHECK_FALSE(standsFor("e\u0301", std::u16string(u"\u00E9")));
+}
+
+TEST_CASE("bytes that are no UTF-8 survive as units of their own") {
+    const std::string bytes = "a\xFF\xC3\xA9\x80\xF0\x9F\x92\xBE\xED\xB2\x80";
+    CHECK(utf16FromBytes("a\xFF\xC3\xA9") == std::u16string{u'a', 0xDCFF, 0xE9});
+    CHECK(bytesFromUtf16(utf16FromBytes(bytes)) == bytes);
+    CHECK(bytesFromUtf16(std::u16string{0xDC7F, 0xD800}) == "\uFFFD\uFFFD");
 }

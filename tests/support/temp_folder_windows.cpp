@@ -75,6 +75,8 @@ TempFolder::~TempFolder() {
 }
 
 void TempFolder::makeFolder(std::string_view name) const {
+    for (size_t end = name.find('/'); end != std::string_view::npos; end = name.find('/', end + 1))
+        CreateDirectoryW(wide(path(name.substr(0, end))).c_str(), nullptr);
     CreateDirectoryW(wide(path(name)).c_str(), nullptr);
 }
 

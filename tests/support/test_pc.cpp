@@ -3,6 +3,7 @@
 #include "macfile/finder_info.h"
 #include "macfile/fork_paths.h"
 #include "module/module_state.h"
+#include "pc/mac_volume_driver.h"
 
 #include <doctest/doctest.h>
 
@@ -16,6 +17,7 @@ TestPc::TestPc(pc::Platform platform) : Pc(platform) {
     addDrive('N', DRIVE_FIXED, pc::makeNtfsVolume(hostFolder('N')));
     addDrive('M', DRIVE_FIXED, pc::makeMacVolume(hostFolder('M')));
     tidewell::InitializeModuleState(GetModuleHandleA(nullptr));
+    addDevice(pc::kMacVolumeDriverName, pc::makeMacVolumeDriver(*this));
     journal().clear();
 }
 

@@ -15,6 +15,8 @@ class TestPc : public pc::Pc {
   public:
     explicit TestPc(pc::Platform platform = pc::Platform::nt);
 
+    // Holds the volumes' folders, named by their letters.
+    const TempFolder& folder() const { return folder_; }
     std::string hostFolder(char letter) const { return folder_.path() + "/" + letter; }
 
   private:

@@ -1,0 +1,103 @@
+#include "convert/extract_macbinary.h"
+
+#include "convert/fork_copy.h"
+#include "convert/macbinary_header.h"
+#include "convert/restore_finder_info.h"
+
+namespace tidewell {
+
+namespace {
+
+// Where the parts of an open MacBinary file are, in bytes. Sums are in 64 bits: a hostile header wraps 32.
+struct Layout {
+    uint64_t fileSize;
+    uint64_t dataOffset;
+    uint64_t resourceOffset;
+};
+
+ErrorCode advance(ProgressDialog* progress, uint64_t amount) {
+    constexpr uint64_t kMost = 0xFFFFFFFF;
+    ProgressAdvance(progress, static_cast<uint32_t>(amount < kMost ? amount : kMost));
+    return ProgressPump(progress) ? 0 : ERROR_CANCELLED;
+}
+
+ErrorCode openSource(const char* path, OwnedFile& source, uint64_t& size) {
+    source = OwnedFile(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                   FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!source) return lastErrorOr(ERROR_FILE_NOT_FOUND);
+    DWORD high = 0;
+    const DWORD low = GetFileSize(source.get(), &high);
+    if (low == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return GetLastError();
+    size = static_cast<uint64_t>(high) << 32 | low;
+    return 0;
+}
+
+// Copies `length` bytes at `offset` of the source into the file or fork at `path`, which it creates.
+ErrorCode copyForkFromFile(HANDLE source, uint64_t offset, const char* path, DWORD length,
+                           ExtractedFile& file, ProgressDialog* progress) {
+    LONG high = static_cast<LONG>(offset >> 32);
+    const DWORD position = SetFilePointer(source, static_cast<LONG>(offset & 0xFFFFFFFF), &high, FILE_BEGIN);
+    if (position == INVALID_SET_FILE_POINTER && GetLastError() != NO_ERROR) return GetLastError();
+    OwnedFile fork;
+    ErrorCode error = OpenExtractedFork(path, file, fork);
+    if (error != 0) return error;
+    error = CopyForkToFile(source, fork.get(), length, progress);
+    const ErrorCode closed = CloseWritten(fork);
+    return error != 0 ? error : closed;
+}
+
+ErrorCode writeForks(HANDLE source, const MacBinaryHeader& header, const Layout& layout, ExtractedFile& file,
+                     ProgressDialog* progress) {
+    ErrorCode error =
+        copyForkFromFile(source, layout.dataOffset, file.paths.dataPath, header.dataLength, file, progress);
+    if (error == 0) error = advance(progress, MacBinaryPadding(header.dataLength));
+    if (error != 0) return error;
+    if (file.paths.resourceLength != 0) {
+        error = copyForkFromFile(source, layout.resourceOffset, file.paths.resourcePath,
+                                 header.resourceLength, file, progress);
+        if (error != 0) return error;
+    }
+    return advance(progress, MacBinaryPadding(header.resourceLength));
+}
+
+ErrorCode writeFile(HANDLE source, const MacBinaryHeader& header, const Layout& layout, ExtractedFile& file,
+                    ProgressDialog* progress) {
+    const ErrorCode error = writeForks(source, header, layout, file, progress);
+    if (error != 0 || file.paths.finderInfoLength == 0) return error;
+    SetLastError(NO_ERROR);
+    if (WriteFinderInfoFromHeader(file.paths.finderInfoPath, header)) return 0;
+    return GetLastError();  // a failure that leaves no error costs no file
+}
+
+ErrorCode extract(const Extraction& extraction, HANDLE source, Layout& layout) {
+    MacBinaryHeader header;
+    if (!ReadMacBinaryHeader(source, &header)) return lastErrorOr(ERROR_INVALID_DATA);
+    layout.dataOffset = MacBinaryRoundedUp(uint64_t{header.secondaryHeaderLength} + kMacBinaryBlock);
+    layout.resourceOffset = layout.dataOffset + MacBinaryRoundedUp(header.dataLength);
+    ErrorCode error = advance(extraction.progress, layout.dataOffset);
+    if (error != 0) return error;
+
+    ExtractedFile file;
+    error = PlaceExtractedFile(extraction, &header.nameLength, file);
+    if (error == 0 && file.skip) return 0;
+    if (error == 0) error = writeFile(source, header, layout, file, extraction.progress);
+    return FinishExtractedFile(extraction, file, error);
+}
+
+}  // namespace
+
+ErrorCode ExtractMacBinary(const Extraction& extraction) {
+    OwnedFile source;
+    Layout layout = {};
+    ErrorCode error = openSource(extraction.sourcePath, source, layout.fileSize);
+    if (error != 0) return error;
+    uint64_t done = 0;
+    ProgressGetDone(extraction.progress, &done);
+    error = extract(extraction, source.get(), layout);
+    // Whatever the forks did not count of the file.
+    done += layout.fileSize;
+    if (error == 0) ProgressSetDone(extraction.progress, &done);
+    return error;
+}
+
+}  // namespace tidewell

@@ -1,0 +1,26 @@
+#include "convert/extract_original.h"
+
+#include "base/text.h"
+#include "convert/extract_binhex.h"
+#include "convert/extract_macbinary.h"
+
+namespace tidewell {
+
+ErrorCode ExtractOriginal(const Extraction& extraction) {
+    const DWORD attributes = GetFileAttributesA(extraction.destinationFolder);
+    if (attributes == INVALID_FILE_ATTRIBUTES) return lastErrorOr(ERROR_PATH_NOT_FOUND);
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return ERROR_BAD_PATHNAME;
+    const char* const extension = FileExtension(extraction.sourcePath);
+    if (equalsIgnoringCase(extension, ".bin")) return ExtractMacBinary(extraction);
+    if (equalsIgnoringCase(extension, ".hqx")) return ExtractBinHex(extraction);
+    return ERROR_INVALID_DATA;
+}
+
+}  // namespace tidewell
+
+extern "C" tidewell::ErrorCode WINAPI ExtractOriginalMacFile(HWND owner, const char* sourcePath,
+                                                             const char* destinationFolder, DWORD* flags,
+                                                             tidewell::ProgressDialog** progressRef) {
+    return tidewell::ExtractOriginal({owner, sourcePath, destinationFolder, flags,
+                                      progressRef != nullptr ? *progressRef : nullptr, nullptr});
+}

@@ -1,0 +1,19 @@
+#include "module/locale_library.h"
+
+#include "base/registry_key.h"
+#include "macfile/path.h"
+#include "ui/settings.h"
+
+namespace tidewell {
+
+HINSTANCE LoadLocaleLibrary() {
+    HKEY opened = nullptr;
+    if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, TIDEWELL_SETTINGS_KEY "\\LocaleDlls", 0, KEY_READ, &opened) != 0)
+        return nullptr;
+    const RegistryKey key(opened);
+    char path[kPathCapacity];
+    if (QueryRegistryText(key, "TIDEWELL.DLL", path, sizeof path) != 0) return nullptr;
+    return LoadLibraryA(path);
+}
+
+}  // namespace tidewell

@@ -1,0 +1,154 @@
+// The question before a file is replaced, as a dialog.
+#include "ui/confirm_replace.h"
+
+#include "base/file.h"
+#include "macfile/path.h"
+#include "module/module_state.h"
+#include "ui/display_title.h"
+#include "ui/strings.h"
+
+namespace tidewell {
+
+namespace {
+
+struct Question {
+    const char* title;  // of the file
+    BOOL several;
+};
+
+// The file's name as it is stored, in its real case and long form, in place of the name in `path`.
+void restoreStoredName(char* path) {
+    WIN32_FIND_DATAA found;
+    HANDLE const search = FindFirstFileA(path, &found);
+    if (search == INVALID_HANDLE_VALUE) return;
+    FindClose(search);
+    char* const name = path + (FileNamePart(path) - path);
+    lstrcpynA(name, found.cFileName, static_cast<int>(path + kPathCapacity - name));
+}
+
+RECT placeOf(HWND dialog, HWND control) {
+    RECT place = {};
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+RECT placeOf(HWND dialog, int controlId) {
+    return placeOf(dialog, GetDlgItem(dialog, controlId));
+}
+
+void moveTo(HWND control, const RECT& place) {
+    SetWindowPos(control, nullptr, place.left, place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void takeAway(HWND dialog, int controlId) {
+    HWND const control = GetDlgItem(dialog, controlId);
+    EnableWindow(control, FALSE);
+    ShowWindow(control, SW_HIDE);
+}
+
+// By how much a label is too low for its text, in pixels.
+LONG missingHeight(HWND label, const char* text) {
+    RECT has = {};
+    GetClientRect(label, &has);
+    RECT needs = has;
+    HDC const dc = GetDC(label);
+    HGDIOBJ const previous =
+        SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageA(label, WM_GETFONT, 0, 0)));
+    DrawTextA(dc, text, -1, &needs, DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX);
+    SelectObject(dc, previous);
+    ReleaseDC(label, dc);
+    return needs.bottom - has.bottom;
+}
+
+// Makes room for a long name: what is below it moves down.
+void growToName(HWND dialog) {
+    HWND const label = GetDlgItem(dialog, IDC_REPLACE_NAME);
+    char text[2 * kPathCapacity];
+    GetWindowTextA(label, text, sizeof text);
+    const LONG missing = missingHeight(label, text);
+    if (missing <= 0) return;
+
+    const RECT labelPlace = placeOf(dialog, IDC_REPLACE_NAME);
+    for (HWND control = GetWindow(dialog, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT)) {
+        RECT place = placeOf(dialog, control);
+        if (place.top < labelPlace.bottom) continue;
+        OffsetRect(&place, 0, missing);
+        moveTo(control, place);
+    }
+    constexpr UINT kSizeOnly = SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE;
+    SetWindowPos(label, nullptr, 0, 0, labelPlace.right - labelPlace.left,
+                 labelPlace.bottom - labelPlace.top + missing, kSizeOnly);
+    RECT frame = {};
+    GetWindowRect(dialog, &frame);
+    SetWindowPos(dialog, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top + missing,
+                 kSizeOnly);
+}
+
+constexpr char kButtonProcedure[] = "TidewellButtonProcedure";
+
+// A system that finds the Cancel button disabled only beeps at Escape, so the buttons take the key
+// themselves.
+LRESULT CALLBACK escapingProcedure(HWND button, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto previous = reinterpret_cast<WNDPROC>(GetPropA(button, kButtonProcedure));
+    if (message == WM_KEYDOWN && wParam == VK_ESCAPE) {
+        PostMessageA(GetParent(button), WM_COMMAND, IDCANCEL, 0);
+        return 0;
+    }
+    const LRESULT result = CallWindowProcA(previous, button, message, wParam, lParam);
+    if (message == WM_GETDLGCODE && wParam == VK_ESCAPE) return result | DLGC_WANTMESSAGE;
+    if (message == WM_NCDESTROY) RemovePropA(button, kButtonProcedure);
+    return result;
+}
+
+void letEscape(HWND dialog, int controlId) {
+    HWND const button = GetDlgItem(dialog, controlId);
+    const LONG_PTR previous = GetWindowLongPtrA(button, GWLP_WNDPROC);
+    if (SetPropA(button, kButtonProcedure, reinterpret_cast<HANDLE>(previous)))
+        SetWindowLongPtrA(button, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(escapingProcedure));
+}
+
+// One file is replaced or not: there is nothing to cancel, and nothing to answer for.
+void leaveTwoButtons(HWND dialog) {
+    const RECT noPlace = placeOf(dialog, IDNO);
+    moveTo(GetDlgItem(dialog, IDNO), placeOf(dialog, IDCANCEL));
+    moveTo(GetDlgItem(dialog, IDYES), noPlace);
+    takeAway(dialog, IDCANCEL);
+    takeAway(dialog, IDYESTOALL);
+    letEscape(dialog, IDYES);
+    letEscape(dialog, IDNO);
+}
+
+void onInit(HWND dialog, const Question& question) {
+    FormatWindowText(dialog, IDC_REPLACE_NAME, question.title);
+    growToName(dialog);
+    if (!question.several) leaveTwoButtons(dialog);
+}
+
+INT_PTR CALLBACK confirmProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_INITDIALOG: onInit(dialog, *reinterpret_cast<const Question*>(lParam)); return TRUE;
+    case WM_COMMAND: EndDialog(dialog, LOWORD(wParam)); return TRUE;
+    case WM_CLOSE: EndDialog(dialog, IDCANCEL); return TRUE;
+    }
+    return FALSE;
+}
+
+}  // namespace
+
+int ConfirmFileReplace(HWND owner, const char* path, BOOL several) {
+    if (!MayExist(path)) return IDYES;
+
+    char shown[kPathCapacity];
+    lstrcpynA(shown, path, sizeof shown);
+    restoreStoredName(shown);
+    char title[kPathCapacity];
+    GetDisplayTitle(shown, title);
+    const Question question = {title, several};
+    const INT_PTR answer = DialogBoxParamA(ModuleInstance, MAKEINTRESOURCEA(IDD_CONFIRM_REPLACE), owner,
+                                           confirmProcedure, reinterpret_cast<LPARAM>(&question));
+    // 0: the owner is no window.
+    return answer > 0 ? static_cast<int>(answer) : -1;
+}
+
+}  // namespace tidewell

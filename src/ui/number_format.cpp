@@ -1,0 +1,98 @@
+#include "ui/number_format.h"
+
+#include "res/resource.h"
+#include "ui/size_scale.h"
+#include "ui/strings.h"
+
+namespace tidewell {
+
+namespace {
+
+constexpr int kNumberCapacity = 128;
+constexpr int kSeparatorCapacity = 16;
+constexpr int kGroupingCapacity = 16;
+constexpr UINT kMinusBeforeNumber = 1;
+
+struct LocaleNumbers {
+    UINT grouping = 0;
+    char decimal[kSeparatorCapacity] = ".";
+    char thousands[kSeparatorCapacity] = ",";
+
+    LocaleNumbers() {
+        char groups[kGroupingCapacity] = "";
+        GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SGROUPING, groups, sizeof groups);
+        for (const char* c = groups; *c >= '0' && *c <= '9'; ++c)
+            grouping = grouping * 10 + static_cast<UINT>(*c - '0');
+        GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, decimal, sizeof decimal);
+        GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_STHOUSAND, thousands, sizeof thousands);
+    }
+};
+
+// `digits`: with a period before its decimals, whatever the locale.
+int formatForLocale(const char* digits, UINT decimals, UINT leadingZero, char* buffer, int capacity) {
+    LocaleNumbers locale;
+    const NUMBERFMTA format = {decimals,       leadingZero,      locale.grouping,
+                               locale.decimal, locale.thousands, kMinusBeforeNumber};
+    return GetNumberFormatA(LOCALE_USER_DEFAULT, 0, digits, &format, buffer, capacity);
+}
+
+// The entry of a list of strings; the empty one at its end when it has fewer.
+const char* entryOf(const char* list, unsigned index) {
+    for (; index > 0 && *list != '\0'; --index)
+        list += lstrlenA(list) + 1;
+    return list;
+}
+
+// Two texts, one after the other.
+DWORD copyTexts(const char* first, const char* second, char* buffer, DWORD bufferSize) {
+    const auto firstLength = static_cast<DWORD>(lstrlenA(first));
+    const DWORD length = firstLength + static_cast<DWORD>(lstrlenA(second));
+    if (!buffer || length >= bufferSize) return length + 1;
+    lstrcpyA(buffer, first);
+    lstrcpyA(buffer + firstLength, second);
+    return length;
+}
+
+}  // namespace
+
+int FormatNumber(int32_t value, char* buffer, int bufferSize) {
+    char digits[kDigitsCapacity];
+    wsprintfA(digits, "%d", static_cast<int>(value));
+    // A zero alone would count as a leading one, and leave nothing.
+    return formatForLocale(digits, 0, value == 0 ? 1 : 0, buffer, bufferSize);
+}
+
+DWORD FormatSize(uint64_t value, char* buffer, DWORD bufferSize, BOOL withUnit) {
+    char digits[kDigitsCapacity + 2];
+    const LocalText units(LoadStringList(IDS_SIZE_UNITS));
+    if (!units) {
+        FormatDigits(value, digits);
+        return copyTexts(digits, "", buffer, bufferSize);
+    }
+    const ScaledSize size = withUnit ? ScaleSize(value) : ScaledSize{value, 0, 0};
+    if (size.hundredths != 0)
+        FormatTenths(size, digits);
+    else
+        FormatDigits(size.whole, digits);
+
+    char number[kNumberCapacity];
+    const bool formatted = formatForLocale(digits, size.hundredths != 0, 1, number, sizeof number) != 0;
+    const bool single = size.whole == 1 && size.hundredths == 0;
+    return copyTexts(formatted ? number : digits, entryOf(units.get(), 2 * size.unit + (single ? 0 : 1)),
+                     buffer, bufferSize);
+}
+
+BOOL SetDlgItemSize(HWND dialog, int controlId, uint64_t value) {
+    char text[2 * kNumberCapacity + 4] = "";
+    char bytes[kNumberCapacity] = "";
+    FormatSize(value, text, kNumberCapacity, TRUE);
+    FormatSize(value, bytes, sizeof bytes, FALSE);
+    if (lstrcmpA(text, bytes) != 0) {
+        lstrcatA(text, " (");
+        lstrcatA(text, bytes);
+        lstrcatA(text, ")");
+    }
+    return SetDlgItemTextA(dialog, controlId, text);
+}
+
+}  // namespace tidewell

@@ -1,0 +1,51 @@
+#include "ui/place_window.h"
+
+namespace tidewell {
+
+namespace {
+
+constexpr POINT kFromOwner = {30, 35};  // pixels
+constexpr LONG kDesktopShare = 10;
+
+POINT placeWithoutCascade(HWND window, const RECT& desktop) {
+    HWND const owner = GetWindow(window, GW_OWNER);
+    if (!owner)
+        return {desktop.left + (desktop.right - desktop.left) / kDesktopShare,
+                desktop.top + (desktop.bottom - desktop.top) / kDesktopShare};
+    POINT place = kFromOwner;
+    ClientToScreen(owner, &place);
+    return place;
+}
+
+// So far that the next window's client area begins where this one's did: its caption is seen.
+POINT cascadeStep(HWND window, const RECT& frame) {
+    POINT client = {0, 0};
+    ClientToScreen(window, &client);
+    return {client.x - frame.left + 1, client.y - frame.top + 1};
+}
+
+LONG within(LONG position, LONG size, LONG limit) {
+    return position + size > limit ? limit - size : position;
+}
+
+}  // namespace
+
+void PlaceWindow(HWND window, int cascadeIndex) {
+    RECT desktop = {};
+    GetWindowRect(GetDesktopWindow(), &desktop);
+    RECT frame = {};
+    GetWindowRect(window, &frame);
+
+    POINT place = placeWithoutCascade(window, desktop);
+    if (cascadeIndex != 0) {
+        const POINT step = cascadeStep(window, frame);
+        place.x += cascadeIndex * step.x;
+        place.y += cascadeIndex * step.y;
+    }
+    place.x = within(place.x, frame.right - frame.left, desktop.right);
+    place.y = within(place.y, frame.bottom - frame.top, desktop.bottom);
+    SetWindowPos(window, nullptr, place.x, place.y, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+}
+
+}  // namespace tidewell

@@ -1,0 +1,16 @@
+// Where new windows come up.
+#ifndef TIDEWELL_UI_PLACE_WINDOW_H
+#define TIDEWELL_UI_PLACE_WINDOW_H
+
+#include <windows.h>
+
+namespace tidewell {
+
+// Moves a new top-level window near its owner, or near the desktop's corner when it has none; with
+// `cascadeIndex`, that many captions further down and to the right. It stays within the screen's right and
+// bottom edges. Neither its size nor what is active changes.
+void PlaceWindow(HWND window, int cascadeIndex);
+
+}  // namespace tidewell
+
+#endif

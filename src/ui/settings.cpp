@@ -1,0 +1,63 @@
+#include "ui/settings.h"
+
+#include "base/registry_key.h"
+
+namespace tidewell {
+
+namespace {
+
+constexpr char kSettingsKey[] = TIDEWELL_SETTINGS_KEY;
+
+HKEY rootOf(BOOL perUser) {
+    return perUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
+}
+
+RegistryKey openSettings(BOOL perUser, REGSAM access, ErrorCode& result) {
+    HKEY key = nullptr;
+    result = static_cast<ErrorCode>(RegOpenKeyExA(rootOf(perUser), kSettingsKey, 0, access, &key));
+    return RegistryKey(result == 0 ? key : nullptr);
+}
+
+bool isFolder(const char* path) {
+    const DWORD attributes = GetFileAttributesA(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+}  // namespace
+
+BOOL ReadSettingString(BOOL perUser, const char* name, char* buffer, DWORD size) {
+    ErrorCode result = 0;
+    const RegistryKey key = openSettings(perUser, KEY_QUERY_VALUE, result);
+    if (result == 0) result = QueryRegistryText(key, name, buffer, size);
+    return result == 0 ? 1 : failWith(result);
+}
+
+BOOL ReadSettingFolder(BOOL perUser, const char* name, char* buffer, DWORD size) {
+    if (ReadSettingString(perUser, name, buffer, size) && isFolder(buffer)) return 1;
+    if (size != 0) *buffer = '\0';
+    return 0;
+}
+
+BOOL WriteSettingString(BOOL perUser, const char* name, const char* text) {
+    HKEY created = nullptr;
+    auto result = static_cast<ErrorCode>(RegCreateKeyExA(rootOf(perUser), kSettingsKey, 0, nullptr,
+                                                         REG_OPTION_NON_VOLATILE, KEY_WRITE, nullptr,
+                                                         &created, nullptr));
+    if (result != 0) return failWith(result);
+    const RegistryKey key(created);
+    result =
+        static_cast<ErrorCode>(RegSetValueExA(key.get(), name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text),
+                                              static_cast<DWORD>(lstrlenA(text)) + 1));
+    return result == 0 ? 1 : failWith(result);
+}
+
+DWORD ReadSettingDword(const char* name, DWORD fallback) {
+    ErrorCode result = 0;
+    const RegistryKey key = openSettings(FALSE, KEY_READ, result);
+    DWORD value = 0;
+    DWORD stored = 0;
+    if (result == 0) result = QueryRegistryValue(key, name, &value, sizeof value, &stored);
+    return result == 0 && stored == sizeof value ? value : fallback;
+}
+
+}  // namespace tidewell

@@ -1,0 +1,16 @@
+// One extraction in a test: a source of given bytes, a folder of a given volume, and what became of it.
+#ifndef TIDEWELL_TESTS_SUPPORT_EXTRACTION_CASE_H
+#define TIDEWELL_TESTS_SUPPORT_EXTRACTION_CASE_H
+
+#include "convert/extract_original.h"
+#include "support/test_pc.h"
+
+#include <string>
+
+// Extracts `source`, written as F:\in.bin or F:\in.hqx, into the root of the drive.
+tidewell::ErrorCode extractBytes(const Bytes& source, const char* extension, char drive);
+
+// The Mac file at `path`, with what its volume keeps of it.
+MacFile readMacFile(const std::string& path);
+
+#endif

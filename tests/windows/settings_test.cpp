@@ -1,0 +1,93 @@
+// Settings in the real registry.
+#include "ui/settings.h"
+
+#include "support/registry_value_windows.h"
+
+#include <doctest/doctest.h>
+
+#include <string>
+
+using namespace tidewell;
+
+TEST_CASE("A setting is written with its NUL and read back") {
+    const RegistryValue value(HKEY_CURRENT_USER, "", "TestFolder");
+    char text[520] = "x";
+    SetLastError(0);
+    CHECK_FALSE(ReadSettingString(TRUE, "TestFolder", text, sizeof text));
+    CHECK(GetLastError() == ERROR_FILE_NOT_FOUND);
+
+    CHECK(WriteSettingString(TRUE, "TestFolder", "C:\\Mac files"));
+    CHECK(value.get().type == REG_SZ);
+    CHECK(value.get().bytes == std::string("C:\\Mac files") + '\0');
+    CHECK(ReadSettingString(TRUE, "TestFolder", text, sizeof text));
+    CHECK(std::string(text) == "C:\\Mac files");
+    CHECK(ReadSettingString(TRUE, "TestFolder", text, 13));
+    CHECK_FALSE(ReadSettingString(TRUE, "TestFolder", text, 12));
+    CHECK(GetLastError() == ERROR_MORE_DATA);
+
+    CHECK(WriteSettingString(TRUE, "TestFolder", ""));
+    CHECK(ReadSettingString(TRUE, "TestFolder", text, sizeof text));
+    CHECK(std::string(text).empty());
+}
+
+TEST_CASE("A text without its NUL is never read past its end") {
+    const RegistryValue value(HKEY_LOCAL_MACHINE, "", "TestText");
+    value.set(REG_BINARY, "four");
+    char text[6] = "?????";
+    CHECK(ReadSettingString(FALSE, "TestText", text, sizeof text));
+    CHECK(std::string(text) == "four");
+    CHECK_FALSE(ReadSettingString(FALSE, "TestText", text, 4));
+    CHECK(GetLastError() == ERROR_MORE_DATA);
+    CHECK_FALSE(ReadSettingString(FALSE, "TestText", text, 0));
+}
+
+TEST_CASE("The user's settings and the computer's are apart") {
+    const RegistryValue user(HKEY_CURRENT_USER, "", "TestHive");
+    const RegistryValue computer(HKEY_LOCAL_MACHINE, "", "TestHive");
+    CHECK(WriteSettingString(FALSE, "TestHive", "computer"));
+    char text[20];
+    CHECK_FALSE(ReadSettingString(TRUE, "TestHive", text, sizeof text));
+    CHECK(ReadSettingString(FALSE, "TestHive", text, sizeof text));
+    CHECK(std::string(text) == "computer");
+}
+
+TEST_CASE("A folder setting counts only while the folder exists") {
+    const RegistryValue value(HKEY_CURRENT_USER, "", "TestFolder");
+    char text[520] = "x";
+    CHECK_FALSE(ReadSettingFolder(TRUE, "TestFolder", text, sizeof text));
+    CHECK(std::string(text).empty());
+    char windowsFolder[MAX_PATH];
+    GetWindowsDirectoryA(windowsFolder, sizeof windowsFolder);
+    for (const std::string& path :
+         {std::string(windowsFolder) + "\\system.ini", std::string("C:\\missing")}) {
+        CHECK(WriteSettingString(TRUE, "TestFolder", path.c_str()));
+        CHECK_FALSE(ReadSettingFolder(TRUE, "TestFolder", text, sizeof text));
+        CHECK(std::string(text).empty());
+    }
+    CHECK(WriteSettingString(TRUE, "TestFolder", windowsFolder));
+    CHECK(ReadSettingFolder(TRUE, "TestFolder", text, sizeof text));
+    CHECK(std::string(text) == windowsFolder);
+    char untouched = 'x';
+    CHECK_FALSE(ReadSettingFolder(TRUE, "TestFolder", &untouched, 0));
+    CHECK(untouched == 'x');
+}
+
+TEST_CASE("A number setting is what is stored in four bytes, else what the caller says") {
+    const RegistryValue value(HKEY_LOCAL_MACHINE, "", "TestNumber");
+    CHECK(ReadSettingDword("TestNumber", 5) == 5);
+    value.set(REG_DWORD, std::string("\x07\0\0\x80", 4));
+    CHECK(ReadSettingDword("TestNumber", 5) == 0x80000007);
+    value.set(REG_BINARY, std::string("\x01\x02\x03\x04", 4));
+    CHECK(ReadSettingDword("TestNumber", 5) == 0x04030201);
+    value.set(REG_BINARY, std::string("\x01\x02", 2));
+    CHECK(ReadSettingDword("TestNumber", 5) == 5);
+    value.set(REG_SZ, "12345");
+    CHECK(ReadSettingDword("TestNumber", 5) == 5);
+}
+
+TEST_CASE("A setting that cannot be written gives the registry's reason") {
+    const std::string tooLong(20000, 'n');
+    SetLastError(0);
+    CHECK_FALSE(WriteSettingString(TRUE, tooLong.c_str(), "text"));
+    CHECK(GetLastError() != 0);
+}
