@@ -1,8 +1,9 @@
 #include "convert/binhex_text.h"
 
-#include <bit>
+#include "convert/binhex_alphabet.h"
+#include "convert/binhex_groups.h"
+
 #include <cstring>
-#include <initializer_list>
 
 namespace tidewell {
 
@@ -19,37 +20,8 @@ constexpr char kJapaneseMarker[] =
     "\x82\xB7\x81\x42\x81\x6A";
 static_assert(sizeof kJapaneseMarker - 1 == 57);
 
-constexpr char kAlphabet[] = "!\"#$%&'()*+,-012345689@ABCDEFGHIJKLMNPQRSTUVXYZ[`abcdefhijklmpqr";
-static_assert(sizeof kAlphabet - 1 == 64);
-
-// What a character means: its six bits, or one of these.
-constexpr uint8_t kBlank = 0x40;
-constexpr uint8_t kOther = 0x80;
-
-struct Meanings {
-    uint8_t of[256];
-    // The bits of a group's n-th character at their place in its three bytes; kNoGroup for one that is none
-    // of the alphabet.
-    uint32_t placed[4][256];
-
-    constexpr Meanings() : of(), placed() {
-        for (uint8_t& meaning : of)
-            meaning = kOther;
-        for (const char blank : {'\t', '\n', '\r', ' '})
-            of[static_cast<uint8_t>(blank)] = kBlank;
-        for (uint8_t value = 0; value < 64; ++value)
-            of[static_cast<uint8_t>(kAlphabet[value])] = value;
-        for (unsigned n = 0; n < 4; ++n) {
-            for (unsigned c = 0; c < 256; ++c)
-                placed[n][c] = of[c] < 64 ? static_cast<uint32_t>(of[c]) << (18 - 6 * n) : kNoGroup;
-        }
-    }
-    static constexpr uint32_t kNoGroup = 0x80000000;
-};
-constexpr Meanings kMeanings;
-
 bool isBlank(uint8_t character) {
-    return kMeanings.of[character] == kBlank;
+    return kBinHexMeanings.of[character] == kBinHexBlank;
 }
 
 bool startsWith(const uint8_t* text, const uint8_t* end, const char* marker, size_t length) {
@@ -60,29 +32,6 @@ const uint8_t* skipBlanks(const uint8_t* text, const uint8_t* end) {
     while (text < end && isBlank(*text))
         ++text;
     return text;
-}
-
-// The three bytes of four characters, or with kNoGroup.
-uint32_t groupOf(uint32_t characters) {
-    return kMeanings.placed[0][characters & 0xFF] | kMeanings.placed[1][characters >> 8 & 0xFF] |
-           kMeanings.placed[2][characters >> 16 & 0xFF] | kMeanings.placed[3][characters >> 24];
-}
-
-// Whole groups without a blank in them, as most of a file is. Returns where it stopped reading. Four bytes
-// are written for three: the fourth lies where characters have been read already.
-const uint8_t* decodeGroups(const uint8_t* next, const uint8_t* end, uint8_t*& out) {
-    static_assert(std::endian::native == std::endian::little);
-    while (end - next >= 4) {
-        uint32_t characters = 0;
-        std::memcpy(&characters, next, sizeof characters);
-        const uint32_t group = groupOf(characters);
-        if ((group & Meanings::kNoGroup) != 0) break;
-        const uint32_t bytes = __builtin_bswap32(group) >> 8;
-        std::memcpy(out, &bytes, sizeof bytes);
-        out += 3;
-        next += 4;
-    }
-    return next;
 }
 
 }  // namespace
@@ -108,12 +57,12 @@ ErrorCode DecodeBinHexText(uint8_t* text, size_t length, size_t& produced) {
     unsigned bits = 0;  // of the group, so far
     int characters = 0;
     for (;;) {
-        if (characters == 0) next = decodeGroups(next, end, out);
+        if (characters == 0) next = DecodeBinHexGroups(next, end, out);
         if (next == end) return ERROR_HANDLE_EOF;
-        const uint8_t meaning = kMeanings.of[*next];
-        if (meaning == kOther) break;
+        const uint8_t meaning = kBinHexMeanings.of[*next];
+        if (meaning == kBinHexOther) break;
         ++next;
-        if (meaning == kBlank) continue;
+        if (meaning == kBinHexBlank) continue;
         bits = bits << 6 | meaning;
         characters = (characters + 1) % 4;
         // Each character after a group's first completes a byte.

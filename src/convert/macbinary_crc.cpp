@@ -1,5 +1,7 @@
 #include "convert/macbinary_crc.h"
 
+#include "convert/crc_fold.h"
+
 #include <bit>
 #include <cstring>
 
@@ -33,30 +35,7 @@ struct Remainders {
 
 constexpr Remainders kRemainder;
 
-// One CRC waits for its own last step; four of a quarter each do not wait for each other.
-constexpr size_t kLanes = 4;
-constexpr size_t kLaneSize = 2048;  // bytes
-
-// What kLaneSize zero bytes make of a CRC: linear again, so it is the sum of what they make of its two bytes.
-struct LaneShift {
-    uint16_t ofLow[256];
-    uint16_t ofHigh[256];
-
-    constexpr LaneShift() : ofLow(), ofHigh() {
-        for (unsigned bit = 0; bit < 16; ++bit) {
-            unsigned crc = 1u << bit;
-            for (size_t i = 0; i < kLaneSize; ++i)
-                crc = (crc << 8 & 0xFFFF) ^ kRemainder.of[0][crc >> 8];
-            uint16_t* const table = bit < 8 ? ofLow : ofHigh;
-            for (unsigned byte = 0; byte < 256; ++byte) {
-                if ((byte >> bit % 8 & 1) != 0) table[byte] = static_cast<uint16_t>(table[byte] ^ crc);
-            }
-        }
-    }
-
-    constexpr unsigned operator()(unsigned crc) const { return ofLow[crc & 0xFF] ^ ofHigh[crc >> 8]; }
-};
-constexpr LaneShift kLaneShift;
+static_assert(kFoldRemainder == kStep);
 
 // Loaded whole: to load the bytes one by one would take as long as looking them up.
 static_assert(std::endian::native == std::endian::little);
@@ -78,25 +57,17 @@ unsigned crcOfStep(unsigned crc, const uint8_t* bytes) {
     return lookUp(start, &kRemainder.of[kStep - 1]) ^ lookUp(load64(bytes + 8), &kRemainder.of[kStep - 9]);
 }
 
-unsigned crcOfLanes(unsigned crc, const uint8_t* bytes) {
-    unsigned lane[kLanes] = {crc};
-    for (size_t i = 0; i < kLaneSize; i += kStep) {
-        for (size_t n = 0; n < kLanes; ++n)
-            lane[n] = crcOfStep(lane[n], bytes + n * kLaneSize + i);
-    }
-    unsigned sum = lane[0];
-    for (size_t n = 1; n < kLanes; ++n)
-        sum = kLaneShift(sum) ^ lane[n];
-    return sum;
-}
-
 }  // namespace
 
 uint16_t ContinueCrc(uint16_t crc, const void* bytes, size_t count) {
     const auto* next = static_cast<const uint8_t*>(bytes);
     unsigned value = crc;
-    for (; count >= kLanes * kLaneSize; count -= kLanes * kLaneSize, next += kLanes * kLaneSize)
-        value = crcOfLanes(value, next);
+    uint8_t remainder[kFoldRemainder];
+    if (const size_t taken = FoldCrc(crc, next, count, remainder)) {
+        value = crcOfStep(0, remainder);
+        next += taken;
+        count -= taken;
+    }
     for (; count >= kStep; count -= kStep, next += kStep)
         value = crcOfStep(value, next);
     for (; count > 0; --count, ++next)
