@@ -15,6 +15,8 @@ Failure checkFolder(const std::string& path) {
     const DWORD attributes = GetFileAttributesA(path.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return {tidewell::lastErrorOr(ERROR_PATH_NOT_FOUND), {}};
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return {ERROR_BAD_PATHNAME, "It is not a folder."};
+    // Not even a name of one character fits after it.
+    if (path.size() + sizeof "\\x" > MAX_PATH) return {ERROR_FILENAME_EXCED_RANGE, {}};
     return {};
 }
 
@@ -38,6 +40,7 @@ Result runOne(Batch& batch, const Command& command, const Source& source) {
     const Failure failure = command.check(source.windows);
     if (failure.error != 0) return {failure, {}};
     Result result = command.run(batch, source);
+    endReplacing(result.failure.error == 0);
     if (const std::string refusal = takeRefusal(); !refusal.empty()) result.failure.text = refusal;
     return result;
 }
@@ -85,7 +88,7 @@ int runBatch(const Options& options, const Command& command) {
         sources.push_back({file, windowsPathOf(file)});
         total += command.sizeOf(sources.back().windows);
     }
-    beginReplacing(options.replace, options.outputFolder);
+    beginReplacing(options.replace, options.outputFolder, command.writesInPlace);
     for (const Source& source : sources)
         protect(source.windows, source.typed, "is a file to work on");
     batch.progress = tidewell::ProgressCreate(tidewell::ModuleInstance, "", nullptr, TRUE);

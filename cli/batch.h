@@ -31,6 +31,7 @@ struct Batch {
 
 struct Command {
     const char* done;                                    // "packed"
+    bool writesInPlace;                                  // into the file that is replaced
     uint64_t (*sizeOf)(const std::string& windowsPath);  // what the progress counts
     Failure (*check)(const std::string& windowsPath);    // before anything is done
     Result (*run)(Batch& batch, const Source& source);

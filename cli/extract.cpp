@@ -1,6 +1,7 @@
 #include "extract.h"
 
 #include "batch.h"
+#include "host.h"
 
 #include "convert/extract_original.h"
 
@@ -24,6 +25,8 @@ std::string explanationOf(tidewell::ErrorCode error) {
 
 Result extractFile(Batch& batch, const Source& source) {
     char output[tidewell::kPathCapacity] = "";
+    // Two processes must not write to one file, each a fork of it.
+    const FolderLock lock(batch.typedFolder);
     DWORD flags = batch.moreFollow ? tidewell::kMoreFollow : 0;
     const tidewell::ErrorCode error = tidewell::ExtractOriginal(
         {nullptr, source.windows.c_str(), batch.windowsFolder.c_str(), &flags, batch.progress, output});
@@ -33,7 +36,7 @@ Result extractFile(Batch& batch, const Source& source) {
 }  // namespace
 
 int extract(const Options& options) {
-    return runBatch(options, {"extracted", sizeOfFile, checkFile, extractFile});
+    return runBatch(options, {"extracted", true, sizeOfFile, checkFile, extractFile});
 }
 
 }  // namespace cli

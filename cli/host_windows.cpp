@@ -1,8 +1,11 @@
 #include "host.h"
 
 #include "base/owned.h"
+#include "macfile/finder_info.h"
+#include "macfile/fork_paths.h"
 #include "module/module_state.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 // Windows leaves "*.txt" to the program; this asks the C library's start-up to look the files up.
@@ -58,6 +61,12 @@ tidewell::ErrorCode replaceFile(const std::string& from, const std::string& to) 
     if (function == nullptr) return ERROR_CALL_NOT_IMPLEMENTED;
     const auto move = reinterpret_cast<MoveFileEx>(reinterpret_cast<void*>(function));
     return move(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) ? 0 : GetLastError();
+}
+
+tidewell::ErrorCode createEmpty(const std::string& typed) {
+    const tidewell::OwnedFile file(
+        CreateFileA(typed.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file ? 0 : GetLastError();
 }
 
 bool endsFolder(const std::string& folder) {
@@ -125,6 +134,50 @@ tidewell::ErrorCode rename(const std::string& from, const std::string& to, bool 
     if (MoveFileA(from.c_str(), to.c_str())) return 0;
     const tidewell::ErrorCode error = GetLastError();
     return error == ERROR_ALREADY_EXISTS ? ERROR_FILE_EXISTS : error;
+}
+
+bool leftMacInformation(const std::string& /*typed*/) {
+    return false;  // it goes with its file
+}
+
+tidewell::ErrorCode setAside(const std::string& typed, const std::string& aside) {
+    const DWORD attributes = GetFileAttributesA(typed.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) return GetLastError();
+    if ((attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0) return ERROR_ACCESS_DENIED;
+    tidewell::ForkPathBuffers paths;
+    lstrcpynA(paths.dataPath, typed.c_str(), tidewell::kPathCapacity);
+    tidewell::GetForkPaths(paths.dataPath, paths);
+    tidewell::FinderInfoRecord record;
+    const bool known =
+        paths.finderInfoLength != 0 && tidewell::ReadFinderInfo(paths.finderInfoPath, &record) != 0;
+    if (!MoveFileA(typed.c_str(), aside.c_str())) return GetLastError();
+    tidewell::ErrorCode error = createEmpty(typed);
+    if (error == 0 && known && !tidewell::WriteFinderInfo(paths.finderInfoPath, &record))
+        error = GetLastError();
+    if (error != 0) bringBack(aside, typed);
+    return error;
+}
+
+tidewell::ErrorCode bringBack(const std::string& aside, const std::string& typed) {
+    return rename(aside, typed, GetFileAttributesA(typed.c_str()) != INVALID_FILE_ATTRIBUTES);
+}
+
+tidewell::ErrorCode discard(const std::string& aside) {
+    return DeleteFileA(aside.c_str()) ? 0 : GetLastError();
+}
+
+FolderLock::FolderLock(const std::string& typedFolder) {
+    std::string name = "tidewell:" + pathKeyOf(windowsPathOf(typedFolder.empty() ? "." : typedFolder));
+    std::replace(name.begin(), name.end(), '\\', '/');
+    HANDLE const mutex = CreateMutexA(nullptr, FALSE, name.c_str());
+    if (mutex) WaitForSingleObject(mutex, INFINITE);
+    handle_ = reinterpret_cast<intptr_t>(mutex);
+}
+
+FolderLock::~FolderLock() {
+    if (handle_ == 0) return;
+    ReleaseMutex(reinterpret_cast<HANDLE>(handle_));
+    CloseHandle(reinterpret_cast<HANDLE>(handle_));
 }
 
 const char* macInformationHelp() {

@@ -87,7 +87,7 @@ Result packFile(Batch& batch, const Source& source) {
 }  // namespace
 
 int pack(const Options& options) {
-    return runBatch(options, {"packed", sizeOfForks, checkMacFile, packFile});
+    return runBatch(options, {"packed", false, sizeOfForks, checkMacFile, packFile});
 }
 
 }  // namespace cli

@@ -2,7 +2,9 @@
 
 #include "host.h"
 #include "report.h"
+#include "base/text.h"
 #include "macfile/path.h"
+#include "res/replace_texts.h"
 #include "ui/confirm_replace.h"
 
 #include <utility>
@@ -22,34 +24,41 @@ struct ProtectedFile {
 struct Policy {
     Replace replace = Replace::ask;
     std::string typedFolder;
+    bool writesInPlace = false;
     std::vector<ProtectedFile> protectedFiles;
     std::string refusal;
+    std::string replaced;  // as typed; empty: no file is set aside
+    std::string aside;
 };
 Policy policy;
 
-int answerOf(char letter, bool several) {
-    switch (letter) {
-    case 'y':
-    case 'Y': return IDYES;
-    case 'n':
-    case 'N': return IDNO;
-    case 'c':
-    case 'C': return IDCANCEL;
-    case 'a':
-    case 'A': return several ? IDYESTOALL : 0;
-    default: return 0;
+// 0 for a line that is no answer.
+int answerOf(const std::string& line, bool several) {
+    const struct {
+        const char* letter;
+        const char* word;
+        int answer;
+    } answers[] = {{"y", "yes", IDYES},
+                   {"n", "no", IDNO},
+                   {"c", "cancel", IDCANCEL},
+                   {"a", "yes to all", several ? IDYESTOALL : 0}};
+    for (const auto& [letter, word, answer] : answers) {
+        if (tidewell::equalsIgnoringCase(line.c_str(), letter) ||
+            tidewell::equalsIgnoringCase(line.c_str(), word))
+            return answer;
     }
+    return 0;
 }
 
 int ask(const std::string& name, bool several) {
-    const std::string question = "This folder already contains a file named '" + name +
-                                 "'.\nWould you like to replace the existing file? " +
-                                 (several ? "[y]es, yes to [a]ll, [n]o, [c]ancel: " : "[y]es, [n]o: ");
+    std::string question = TEXT_REPLACE_NAME "\n" TEXT_REPLACE_QUESTION " ";
+    question += several ? "[y]es, yes to [a]ll, [n]o, [c]ancel: " : "[y]es, [n]o: ";
+    question.replace(question.find("%1"), 2, name);
     for (;;) {
         print(Stream::errors, question);
         const std::optional<std::string> line = readLine();
         if (!line) return IDCANCEL;
-        if (const int answer = line->empty() ? 0 : answerOf(line->front(), several)) return answer;
+        if (const int answer = answerOf(*line, several)) return answer;
     }
 }
 
@@ -59,8 +68,18 @@ int refuse(tidewell::ErrorCode error, const std::string& reason) {
     return -1;
 }
 
+int giveUp(const std::string& name) {
+    const std::string aside = typedPathOf(policy.typedFolder, freshNameIn(policy.typedFolder).c_str());
+    if (const tidewell::ErrorCode error = setAside(name, aside)) return refuse(error, {});
+    policy.replaced = name;
+    policy.aside = aside;
+    return IDYES;
+}
+
 int decide(const std::string& path, bool several) {
     const std::string name = typedPathOf(policy.typedFolder, tidewell::FileNamePart(path.c_str()));
+    const bool nothingThere = !tidewell::MayExist(path.c_str());
+    if (nothingThere && !(policy.writesInPlace && leftMacInformation(name))) return IDYES;
     const std::string output = shownOn(Stream::errors, name);
     for (const ProtectedFile& file : policy.protectedFiles) {
         if (file.key == pathKeyOf(path) || areOneFile(file.typed, name))
@@ -73,20 +92,29 @@ int decide(const std::string& path, bool several) {
         answer = ask(shownOn(Stream::errors, typedPathOf({}, tidewell::FileNamePart(path.c_str()))), several);
     }
     if (answer == IDNO) reportNote("kept " + output + ", which was there already");
-    if (answer != IDYESTOALL) return answer;
     // Remembered here, and not by the library, which would ask no more about the files of this run.
-    policy.replace = Replace::yes;
-    return IDYES;
+    if (answer == IDYESTOALL) policy.replace = Replace::yes;
+    if (answer != IDYES && answer != IDYESTOALL) return answer;
+    return policy.writesInPlace ? giveUp(name) : IDYES;
 }
 
 }  // namespace
 
-void beginReplacing(Replace replace, const std::string& typedFolder) {
-    policy = {replace, typedFolder, {}, {}};
+void beginReplacing(Replace replace, const std::string& typedFolder, bool writesInPlace) {
+    policy = {replace, typedFolder, writesInPlace, {}, {}, {}, {}};
 }
 
 void protect(const std::string& windowsPath, const std::string& typedPath, const std::string& reason) {
     policy.protectedFiles.push_back({pathKeyOf(windowsPath), typedPath, reason});
+}
+
+void endReplacing(bool done) {
+    const std::string replaced = std::exchange(policy.replaced, {});
+    if (replaced.empty()) return;
+    const tidewell::ErrorCode error = done ? discard(policy.aside) : bringBack(policy.aside, replaced);
+    if (error != 0)
+        reportNote("the former " + shownOn(Stream::errors, replaced) + " is now " +
+                   shownOn(Stream::errors, policy.aside));
 }
 
 std::string takeRefusal() {
@@ -99,7 +127,6 @@ namespace tidewell {
 
 // Off Windows, and in the command, the library asks on the terminal.
 int ConfirmFileReplace(HWND, const char* path, BOOL several) {
-    if (!MayExist(path)) return IDYES;
     return cli::decide(path, several != FALSE);
 }
 

@@ -31,6 +31,16 @@ Error discardFile(const std::string& path, SpaceLimit& space) {
 HostFile::HostFile(intptr_t handle, std::shared_ptr<SpaceLimit> space)
     : handle_(handle), space_(std::move(space)) {}
 
+HostFile::~HostFile() {
+    close();
+}
+
+Error HostFile::close() {
+    constexpr intptr_t kClosed = -1;
+    const intptr_t handle = std::exchange(handle_, kClosed);
+    return handle == kClosed ? 0 : closeHandle(handle);
+}
+
 Error HostFile::write(uint64_t offset, const void* buffer, size_t count) {
     if (offset > kLargestFile || count > kLargestFile - offset) return kFileTooLarge;
     if (count == 0) return 0;

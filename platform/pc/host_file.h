@@ -102,6 +102,7 @@ class HostFile final : public File {
     HostFile(intptr_t handle, std::shared_ptr<SpaceLimit> space);
     Error writeAll(uint64_t offset, const void* buffer, size_t count);
     Error resize(uint64_t bytes);
+    static Error closeHandle(intptr_t handle);
 
     intptr_t handle_;
     std::shared_ptr<SpaceLimit> space_;

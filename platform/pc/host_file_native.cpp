@@ -143,22 +143,22 @@ Error HostFile::open(const std::string& path, const HostAccess& access, std::sha
     const int descriptor = ::open(path.c_str(), flags, kNewFileMode);
     if (descriptor < 0) return pathError(path);
     std::unique_ptr<HostFile> opened(new HostFile(descriptor, std::move(space)));
-    if (::fstat(descriptor, &raw) != 0) return errorFrom(errno);
+    if (::fstat(descriptor, &raw) != 0) {
+        const Error error = errorFrom(errno);
+        if (access.create) ::unlink(path.c_str());
+        return error;
+    }
     if (!S_ISREG(raw.st_mode)) return kAccessDenied;
+    // Whatever the mask of the process: a file is opened again after it was made, and perhaps deleted.
+    if (access.create && (raw.st_mode & S_IWUSR) == 0 && ::fchmod(descriptor, raw.st_mode | S_IWUSR) != 0)
+        errno = 0;
     file = std::move(opened);
     return 0;
 }
 
-HostFile::~HostFile() {
-    close();
-}
-
-Error HostFile::close() {
-    constexpr intptr_t kClosed = -1;
-    const intptr_t handle = std::exchange(handle_, kClosed);
+Error HostFile::closeHandle(intptr_t handle) {
     // Not again after an interruption: the descriptor is gone all the same.
-    const bool done = handle == kClosed || ::close(static_cast<int>(handle)) == 0 || errno == EINTR;
-    return done ? 0 : errorFrom(errno);
+    return ::close(static_cast<int>(handle)) == 0 || errno == EINTR ? 0 : errorFrom(errno);
 }
 
 Error HostFile::read(uint64_t offset, void* buffer, size_t count, size_t& got) {

@@ -173,14 +173,8 @@ Error HostFile::open(const std::string& path, const HostAccess& access, std::sha
     return 0;
 }
 
-HostFile::~HostFile() {
-    close();
-}
-
-Error HostFile::close() {
-    constexpr intptr_t kClosed = -1;
-    const intptr_t handle = std::exchange(handle_, kClosed);
-    return handle == kClosed || CloseHandle(handleFrom(handle)) ? 0 : lastError();
+Error HostFile::closeHandle(intptr_t handle) {
+    return CloseHandle(handleFrom(handle)) ? 0 : lastError();
 }
 
 Error HostFile::read(uint64_t offset, void* buffer, size_t count, size_t& got) {

@@ -58,7 +58,9 @@ Error openHostFile(const std::string& path, const OpenMode& mode, const std::sha
     }
     if (error != 0) return error;
     if (mode.disposition == kCreateNew) return kFileExists;
-    if (status.kind != HostKind::file) return kAccessDenied;
+    // Whoever may write to every file of the host does not write to what is marked as not to be written.
+    const bool mayWrite = status.ownerMayWrite || !access.write;
+    if (status.kind != HostKind::file || !mayWrite) return kAccessDenied;
     return openWith(path, access, space, opened);
 }
 

@@ -37,6 +37,10 @@ std::string usableOnHost(std::string name) {
     return name;
 }
 
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 bool isLowSurrogate(char16_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
@@ -68,8 +72,11 @@ std::string hostNameFor(const MacName& macName) {
 }
 
 bool standsFor(std::string_view hostName, const MacName& macName) {
-    const std::string name = slashesForColons(hostName);
     const auto* const roman = std::get_if<std::string>(&macName);
+    // No character of Mac Roman is shorter in UTF-8: most files of a folder are told apart without more work.
+    if (roman != nullptr && hostName.size() < roman->size()) return false;
+    if (roman != nullptr && isAscii(hostName) && hostName.size() != roman->size()) return false;
+    const std::string name = slashesForColons(hostName);
     if (roman == nullptr) return utf16FromUtf8(name) == std::get<std::u16string>(macName);
     // A character that Mac Roman lacks is one more "_".
     return macRomanFromUtf8(name) == *roman &&

@@ -62,11 +62,13 @@ class MacVolume final : public Volume, public MacNames {
     std::string storePath(const Place& place) const;
     Error storeKey(const Place& place, std::string& key) const;
     Error openStore(const Place& place, Store& store);
+    Error openData(const Place& place, const OpenMode& mode, Opened& opened);
     Error openResource(const Place& place, const OpenMode& mode, Opened& opened);
     Error openFinderInfo(const Place& place, const OpenMode& mode, Opened& opened);
     Error removeFile(const Place& place);
     Error findInFolder(const std::string& path, const MacName& name, MacItem& item) const;
-    Error keepRealName(const MacItem& item, const std::string& macName);
+    Error openRemains(const MacItem& item, Place& place, Store& store);
+    static Error keepRealName(Place& place, AppleDouble& store, const std::string& macName);
 
     std::string root_;
     std::shared_ptr<SpaceLimit> space_ = std::make_shared<SpaceLimit>();
@@ -166,11 +168,18 @@ Error MacVolume::open(const std::string& path, const OpenMode& mode, Opened& ope
     Error error = locate(path, place);
     if (error != 0) return error;
     if (place.driversOwn) return mayCreate(mode.disposition) ? kAccessDenied : kFileNotFound;
-    if (place.fork == Fork::data) return openHostFile(place.item.path, mode, space_, opened);
+    if (place.fork == Fork::data) return openData(place, mode, opened);
     if (place.found == 0 && place.item.status.kind == HostKind::other) place.found = kAccessDenied;
     if (place.found != 0) return place.found;
     if (place.fork == Fork::resource) return openResource(place, mode, opened);
     return openFinderInfo(place, mode, opened);
+}
+
+// A file whose Mac information is damaged is not emptied: what is written next could not be kept with it.
+Error MacVolume::openData(const Place& place, const OpenMode& mode, Opened& opened) {
+    Store store;
+    const Error error = place.found == 0 && truncates(mode.disposition) ? openStore(place, store) : 0;
+    return error == 0 ? openHostFile(place.item.path, mode, space_, opened) : error;
 }
 
 Error MacVolume::openResource(const Place& place, const OpenMode& mode, Opened& opened) {
@@ -254,13 +263,17 @@ Error MacVolume::remove(const std::string& path) {
     return store->rewrite({}, {ResourcePlan::drop, 0}, place.item.path);
 }
 
-// The file goes first: its Mac information must not be lost while it stays.
+// The file goes first: its Mac information must not be lost while it stays. What is at the place of the
+// AppleDouble file, but is none, is not the driver's to delete.
 Error MacVolume::removeFile(const Place& place) {
     std::string key;
     Error error = storeKey(place, key);
-    if (error == 0) error = removeHostFile(place.item.path, *space_);
     if (error != 0) return error;
-    if (const Store open = stores_[key].lock()) open->forget();
+    Store store;
+    const Error unreadable = openStore(place, store);
+    error = removeHostFile(place.item.path, *space_);
+    if (error != 0 || unreadable != 0) return error;
+    store->forget();
     stores_.erase(key);
     return discardFile(storePath(place), *space_);
 }
@@ -304,9 +317,22 @@ Error MacVolume::findInFolder(const std::string& path, const MacName& name, MacI
 
 Error MacVolume::find(const std::string& folder, const MacName& name, std::string& windowsName) {
     MacItem item;
-    const Error error = findInFolder(folder, name, item);
+    Error error = findInFolder(folder, name, item);
     windowsName = windowsNameOf(item.name);
-    return error;
+    if (error != kFileNotFound) return error;
+    Place place;
+    Store store;
+    error = openRemains(item, place, store);
+    return error == 0 ? kFileNotFound : error == kFileExists ? 0 : error;
+}
+
+// The Mac information that a former file of an item's name left behind, if any. 80 when it has a resource
+// fork: that may be all that is left of what was moved without it, and is no other file's to write over.
+Error MacVolume::openRemains(const MacItem& item, Place& place, Store& store) {
+    place.item = item;
+    place.folder = item.path.substr(0, item.path.rfind('/'));
+    const Error error = openStore(place, store);
+    return error == 0 && store->length(kResourceFork) != 0 ? kFileExists : error;
 }
 
 Error MacVolume::create(const std::string& folder, const MacName& name, std::string& windowsName) {
@@ -315,6 +341,10 @@ Error MacVolume::create(const std::string& folder, const MacName& name, std::str
     windowsName = windowsNameOf(item.name);
     if (error == 0) return item.status.kind == HostKind::file ? 0 : kAccessDenied;
     if (error != kFileNotFound) return error;
+    Place place;
+    Store store;
+    error = openRemains(item, place, store);
+    if (error != 0) return error;
 
     OpenMode mode;
     mode.write = true;
@@ -323,7 +353,7 @@ Error MacVolume::create(const std::string& folder, const MacName& name, std::str
     error = openHostFile(item.path, mode, space_, opened);
     if (error != 0) return error == kFileExists ? kAccessDenied : error;
     const auto* const roman = std::get_if<std::string>(&name);
-    if (roman != nullptr && macNameFromHost(item.name) != *roman) error = keepRealName(item, *roman);
+    if (roman != nullptr && macNameFromHost(item.name) != *roman) error = keepRealName(place, *store, *roman);
     if (error == 0) return 0;
     opened.file.reset();
     removeHostFile(item.path, *space_);
@@ -331,19 +361,14 @@ Error MacVolume::create(const std::string& folder, const MacName& name, std::str
 }
 
 // Mac information that a former file of the name left behind is not the new one's to change.
-Error MacVolume::keepRealName(const MacItem& item, const std::string& macName) {
-    Place place;
-    place.item = item;
-    place.folder = item.path.substr(0, item.path.rfind('/'));
-    Store store;
-    Error error = hostStatus(item.path, place.item.status);
-    if (error == 0) error = openStore(place, store);
-    if (error != 0 || store->exists()) return error;
+Error MacVolume::keepRealName(Place& place, AppleDouble& store, const std::string& macName) {
+    const Error error = hostStatus(place.item.path, place.item.status);
+    if (error != 0 || store.exists()) return error;
     std::vector<AppleDoubleEdit> edits = newAppleDoubleEntries(place.item);
     for (AppleDoubleEdit& edit : edits) {
         if (edit.id == kRealName) edit.bytes.assign(macName.begin(), macName.end());
     }
-    return store->rewrite(edits, {}, item.path);
+    return store.rewrite(edits, {}, place.item.path);
 }
 
 }  // namespace

@@ -4,8 +4,32 @@ namespace tidewell {
 
 bool MayExist(const char* path) {
     if (GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES) return true;
-    const DWORD error = GetLastError();
-    return error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND;
+    switch (GetLastError()) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_NOT_READY:
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_PATHNAME:
+    case ERROR_FILENAME_EXCED_RANGE: return false;
+    default: return true;
+    }
+}
+
+ErrorCode OpenForReading(const char* path, OwnedFile& file) {
+    file = OwnedFile(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                 FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file ? 0 : lastErrorOr(ERROR_GEN_FAILURE);
+}
+
+ErrorCode GetSizeOf(HANDLE file, uint64_t& size) {
+    DWORD high = 0;
+    const DWORD low = GetFileSize(file, &high);
+    if (low == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return GetLastError();
+    size = static_cast<uint64_t>(high) << 32 | low;
+    return 0;
 }
 
 ErrorCode ReadWhole(HANDLE file, void* buffer, DWORD count) {

@@ -5,13 +5,22 @@
 #include "base/error_code.h"
 #include "base/owned.h"
 
+#include <cstdint>
+
 namespace tidewell {
 
 // The size of every path buffer, in bytes.
 constexpr DWORD kPathCapacity = 520;
 
-// False only when there is surely nothing at `path`: a file that cannot be looked at may be there.
+// False when there is nothing at `path` that could be lost: no such file, folder, drive or share, no disk in
+// the drive, or no path at all. A file that cannot be looked at for another reason may be there.
 bool MayExist(const char* path);
+
+// Opens an existing file for reading, which others may read, too, and no one write to.
+ErrorCode OpenForReading(const char* path, OwnedFile& file);
+
+// The size of an open file, in bytes.
+ErrorCode GetSizeOf(HANDLE file, uint64_t& size);
 
 // Reads `count` bytes at the current position. The system's error, or 38 when there are fewer.
 ErrorCode ReadWhole(HANDLE file, void* buffer, DWORD count);

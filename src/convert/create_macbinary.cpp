@@ -17,12 +17,6 @@ struct OpenForks {
     OwnedFile resource;  // none when the file has no resource fork
 };
 
-ErrorCode openForReading(const char* path, OwnedFile& file) {
-    file = OwnedFile(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                 FILE_ATTRIBUTE_NORMAL, nullptr));
-    return file ? 0 : lastErrorOr(ERROR_GEN_FAILURE);
-}
-
 // 2 when there is nothing at `path`. Any other failure is no proof of that, and the file is not passed over.
 ErrorCode checkExists(const char* path) {
     if (GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES) return 0;
@@ -31,9 +25,9 @@ ErrorCode checkExists(const char* path) {
 }
 
 ErrorCode openForks(const ForkPaths& paths, OpenForks& forks) {
-    ErrorCode error = openForReading(paths.dataPath, forks.data);
+    ErrorCode error = OpenForReading(paths.dataPath, forks.data);
     if (error != 0) return error;
-    error = openForReading(paths.resourcePath, forks.resource);
+    error = OpenForReading(paths.resourcePath, forks.resource);
     return error == ERROR_FILE_NOT_FOUND ? 0 : error;
 }
 

@@ -5,34 +5,34 @@
 #include "convert/binhex_text.h"
 #include "convert/restore_finder_info.h"
 
+#include <cstdint>
 #include <cstring>
 
 namespace tidewell {
 
 namespace {
 
-// A BinHex file, whole in memory.
+// A BinHex file, whole in memory. It stays open, so that nothing can be written over it.
 struct Text {
+    OwnedFile file;
     PageBuffer buffer;
     DWORD size = 0;  // bytes
 };
 
 ErrorCode readSource(const char* path, Text& text) {
-    const OwnedFile source(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                       FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!source) return lastErrorOr(ERROR_FILE_NOT_FOUND);
-    DWORD high = 0;
-    text.size = GetFileSize(source.get(), &high);
-    if (text.size == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return GetLastError();
-    if (high != 0) return ERROR_NOT_ENOUGH_MEMORY;
-    if (text.size == 0) return 0;
+    uint64_t size = 0;
+    ErrorCode error = OpenForReading(path, text.file);
+    if (error == 0) error = GetSizeOf(text.file.get(), size);
+    if (error != 0 || size == 0) return error;
+    if (size > UINT32_MAX) return ERROR_NOT_ENOUGH_MEMORY;
+    text.size = static_cast<DWORD>(size);
     text.buffer = PageBuffer::allocate(text.size);
     if (!text.buffer) return ERROR_NOT_ENOUGH_MEMORY;
-    return ReadWhole(source.get(), text.buffer.data(), text.size);
+    return ReadWhole(text.file.get(), text.buffer.data(), text.size);
 }
 
 // The next `length` expanded bytes become the fork at `path`.
-ErrorCode writeBinHexFork(const char* path, BinHexStream& stream, DWORD length, ExtractedFile& file,
+ErrorCode WriteBinHexFork(const char* path, BinHexStream& stream, DWORD length, ExtractedFile& file,
                           ProgressDialog* progress) {
     if (!CouldExpandTo(stream, length)) return ERROR_HANDLE_EOF;
     PageBuffer buffer;
@@ -65,9 +65,9 @@ ErrorCode writeFinderInfo(const BinHexHeader& header, const ExtractedFile& file)
 ErrorCode writeFile(BinHexStream& stream, const BinHexHeader& header, ExtractedFile& file,
                     ProgressDialog* progress) {
     const ForkPaths& paths = file.paths;
-    ErrorCode error = writeBinHexFork(paths.dataPath, stream, header.fields.dataLength, file, progress);
+    ErrorCode error = WriteBinHexFork(paths.dataPath, stream, header.fields.dataLength, file, progress);
     if (error == 0 && paths.resourceLength != 0)
-        error = writeBinHexFork(paths.resourcePath, stream, header.fields.resourceLength, file, progress);
+        error = WriteBinHexFork(paths.resourcePath, stream, header.fields.resourceLength, file, progress);
     if (error == 0 && paths.finderInfoLength != 0) error = writeFinderInfo(header, file);
     return error;
 }

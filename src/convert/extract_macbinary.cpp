@@ -1,5 +1,6 @@
 #include "convert/extract_macbinary.h"
 
+#include "base/file.h"
 #include "convert/fork_copy.h"
 #include "convert/macbinary_header.h"
 #include "convert/restore_finder_info.h"
@@ -21,19 +22,8 @@ ErrorCode advance(ProgressDialog* progress, uint64_t amount) {
     return ProgressPump(progress) ? 0 : ERROR_CANCELLED;
 }
 
-ErrorCode openSource(const char* path, OwnedFile& source, uint64_t& size) {
-    source = OwnedFile(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                   FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!source) return lastErrorOr(ERROR_FILE_NOT_FOUND);
-    DWORD high = 0;
-    const DWORD low = GetFileSize(source.get(), &high);
-    if (low == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return GetLastError();
-    size = static_cast<uint64_t>(high) << 32 | low;
-    return 0;
-}
-
 // Copies `length` bytes at `offset` of the source into the file or fork at `path`, which it creates.
-ErrorCode copyForkFromFile(HANDLE source, uint64_t offset, const char* path, DWORD length,
+ErrorCode CopyForkFromFile(HANDLE source, uint64_t offset, const char* path, DWORD length,
                            ExtractedFile& file, ProgressDialog* progress) {
     LONG high = static_cast<LONG>(offset >> 32);
     const DWORD position = SetFilePointer(source, static_cast<LONG>(offset & 0xFFFFFFFF), &high, FILE_BEGIN);
@@ -49,11 +39,11 @@ ErrorCode copyForkFromFile(HANDLE source, uint64_t offset, const char* path, DWO
 ErrorCode writeForks(HANDLE source, const MacBinaryHeader& header, const Layout& layout, ExtractedFile& file,
                      ProgressDialog* progress) {
     ErrorCode error =
-        copyForkFromFile(source, layout.dataOffset, file.paths.dataPath, header.dataLength, file, progress);
+        CopyForkFromFile(source, layout.dataOffset, file.paths.dataPath, header.dataLength, file, progress);
     if (error == 0) error = advance(progress, MacBinaryPadding(header.dataLength));
     if (error != 0) return error;
     if (file.paths.resourceLength != 0) {
-        error = copyForkFromFile(source, layout.resourceOffset, file.paths.resourcePath,
+        error = CopyForkFromFile(source, layout.resourceOffset, file.paths.resourcePath,
                                  header.resourceLength, file, progress);
         if (error != 0) return error;
     }
@@ -89,7 +79,8 @@ ErrorCode extract(const Extraction& extraction, HANDLE source, Layout& layout) {
 ErrorCode ExtractMacBinary(const Extraction& extraction) {
     OwnedFile source;
     Layout layout = {};
-    ErrorCode error = openSource(extraction.sourcePath, source, layout.fileSize);
+    ErrorCode error = OpenForReading(extraction.sourcePath, source);
+    if (error == 0) error = GetSizeOf(source.get(), layout.fileSize);
     if (error != 0) return error;
     uint64_t done = 0;
     ProgressGetDone(extraction.progress, &done);

@@ -21,6 +21,8 @@ ErrorCode ExtractOriginal(const Extraction& extraction) {
 extern "C" tidewell::ErrorCode WINAPI ExtractOriginalMacFile(HWND owner, const char* sourcePath,
                                                              const char* destinationFolder, DWORD* flags,
                                                              tidewell::ProgressDialog** progressRef) {
+    if (sourcePath == nullptr || destinationFolder == nullptr || flags == nullptr)
+        return ERROR_INVALID_PARAMETER;
     return tidewell::ExtractOriginal({owner, sourcePath, destinationFolder, flags,
                                       progressRef != nullptr ? *progressRef : nullptr, nullptr});
 }

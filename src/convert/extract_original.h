@@ -16,7 +16,8 @@ ErrorCode ExtractOriginal(const Extraction& extraction);
 extern "C" {
 
 // ExtractOriginal for other programs. `owner` owns the replace question; `flags` is the batch's, kReplaceAll
-// and kMoreFollow; `progressRef` points to a ProgressDialog pointer, and either may be null.
+// and kMoreFollow; `progressRef` points to a ProgressDialog pointer, and either may be null. 87 when another
+// pointer is null.
 tidewell::ErrorCode WINAPI ExtractOriginalMacFile(HWND owner, const char* sourcePath,
                                                   const char* destinationFolder, DWORD* flags,
                                                   tidewell::ProgressDialog** progressRef);

@@ -1,6 +1,7 @@
 #include "convert/extraction.h"
 
 #include "macfile/mac_name.h"
+#include "macfile/volume_kind.h"
 #include "ui/confirm_replace.h"
 #include "ui/display_title.h"
 
@@ -40,12 +41,20 @@ ErrorCode placeFile(const Extraction& extraction, const uint8_t* macName, Extrac
     return created;
 }
 
+// A volume that keeps Mac information must get it all: a path too long for it is no reason to drop it.
+bool areForksInReach(const ForkPaths& paths) {
+    if (paths.dataLength >= MAX_PATH) return false;
+    const bool keepsForks = GetVolumeKindOfPath(paths.dataPath) != VolumeKindOther;
+    return !keepsForks || (paths.resourceLength != 0 && paths.finderInfoLength != 0);
+}
+
 }  // namespace
 
 ErrorCode PlaceExtractedFile(const Extraction& extraction, const uint8_t* macName, ExtractedFile& file) {
     const ErrorCode error = placeFile(extraction, macName, file);
     if (error != 0 || file.skip) return error;
     GetForkPaths(file.paths.dataPath, file.paths);
+    if (!areForksInReach(file.paths)) return ERROR_FILENAME_EXCED_RANGE;
     char title[kPathCapacity];
     GetDisplayTitle(file.paths.dataPath, title);
     ProgressSetText(extraction.progress, title, nullptr);

@@ -3,6 +3,7 @@
 #include "base/owned.h"
 #include "macfile/driver.h"
 #include "macfile/path.h"
+#include "macfile/usable_name.h"
 #include "macfile/volume_kind.h"
 
 #include <cstring>
@@ -13,7 +14,7 @@ namespace {
 
 constexpr char kForbidden[] = "<>:\"/\\|?*";
 constexpr char kReplacement = '_';
-constexpr DWORD kNameCapacity = 260;
+constexpr DWORD kNameCapacity = 260;  // the longest name, what making it usable adds, and the NUL
 
 void beginRequest(MacNameRequest& request, MacNameOperation operation, MacNameForm form) {
     std::memset(static_cast<void*>(&request), 0, sizeof request);
@@ -33,6 +34,18 @@ ErrorCode setFolder(MacNameRequest& request, const char* folder) {
     return 0;
 }
 
+// 123 when a name in the code page is not the one in Unicode: one of the system's best fits for characters that
+// the code page lacks could be the name of another file.
+ErrorCode checkConverted(const char* name, const WCHAR* units) {
+    WCHAR back[kNameCapacity];
+    if (MultiByteToWideChar(CP_ACP, 0, name, -1, back, kNameCapacity) == 0)
+        return lastErrorOr(ERROR_INVALID_NAME);
+    const WCHAR* unit = back;
+    for (; *unit != 0 && *unit == *units; ++unit)
+        ++units;
+    return *unit == *units ? 0 : ERROR_INVALID_NAME;
+}
+
 // The folder, a backslash where one is missing, and the name of the reply.
 ErrorCode buildPath(const char* folder, const MacNameReply& reply, char* outPath, DWORD capacity) {
     constexpr size_t kReplyUnits = sizeof reply.name / sizeof reply.name[0];
@@ -46,7 +59,8 @@ ErrorCode buildPath(const char* folder, const MacNameReply& reply, char* outPath
     if (start + 1 > capacity) return ERROR_INSUFFICIENT_BUFFER;
     const int converted = WideCharToMultiByte(CP_ACP, 0, units, -1, outPath + start,
                                               static_cast<int>(capacity - start), nullptr, nullptr);
-    return converted != 0 ? 0 : lastErrorOr(ERROR_INSUFFICIENT_BUFFER);
+    if (converted == 0) return lastErrorOr(ERROR_INSUFFICIENT_BUFFER);
+    return checkConverted(outPath + start, units);
 }
 
 ErrorCode askDriver(MacNameRequest& request, const char* folder, char* outPath, DWORD capacity) {
@@ -77,6 +91,7 @@ ErrorCode replacedPath(const char* folder, const uint8_t* macName, char* outPath
     if (length >= capacity) return ERROR_INSUFFICIENT_BUFFER;
     char name[kNameCapacity];
     if (!MacNameToWindowsName(macName, name, sizeof name)) return lastErrorOr(ERROR_MORE_DATA);
+    MakeNameUsable(name);
     return JoinPath(outPath, capacity, outPath, name) < capacity ? 0 : ERROR_INSUFFICIENT_BUFFER;
 }
 

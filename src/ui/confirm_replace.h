@@ -9,7 +9,7 @@
 
 namespace tidewell {
 
-// IDYES, IDNO, IDCANCEL or IDYESTOALL; IDYES at once, without a question, when there surely is no such file;
+// IDYES, IDNO, IDCANCEL or IDYESTOALL; IDYES at once, without a question, when there is no such file;
 // -1 when the question cannot be asked. `several`: more files follow, so an answer for all of them is
 // offered.
 int ConfirmFileReplace(HWND owner, const char* path, BOOL several);

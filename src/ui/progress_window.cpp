@@ -2,6 +2,7 @@
 #include "ui/progress_display.h"
 
 #include "res/resource.h"
+#include "ui/pump_messages.h"
 
 #include <windows.h>
 #include <commctrl.h>
@@ -126,21 +127,7 @@ void showNow(ProgressDialog& progress) {
 }
 
 void serve(ProgressDialog& progress) {
-    MSG message;
-    bool quits = false;
-    int exitCode = 0;
-    while (PeekMessageA(&message, progress.window, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) {
-            // It comes whatever the filter, and before any input.
-            quits = true;
-            exitCode = static_cast<int>(message.wParam);
-        } else if (!IsDialogMessageA(progress.window, &message)) {
-            TranslateMessage(&message);
-            DispatchMessageA(&message);
-        }
-    }
-    // It ends the loop that runs the thread, and has to reach it.
-    if (quits) PostQuitMessage(exitCode);
+    PumpMessagesOf(progress.window, progress.window);
 }
 
 }  // namespace progress_display

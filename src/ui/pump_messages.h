@@ -7,8 +7,11 @@
 namespace tidewell {
 
 // Handles every message that waits for the calling thread. `dialog`, which may be null, belongs to this
-// thread; its keys work. A request to quit ends the handling and stays for the loop that runs the thread.
+// thread; its keys work. A request to quit stays for the loop that runs the thread.
 void PumpMessages(HWND dialog);
+
+// The same for the messages of one window and of what is in it.
+void PumpMessagesOf(HWND window, HWND dialog);
 
 }  // namespace tidewell
 

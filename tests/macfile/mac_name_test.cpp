@@ -170,6 +170,9 @@ TEST_CASE_FIXTURE(RecordingPc, "Names on Mac volumes: what does not fit is told"
               ERROR_INSUFFICIENT_BUFFER);
     }
     CHECK(LookUpMacName(folder.c_str(), name, 0, path, static_cast<DWORD>(folder.size() + 7)) == 0);
+    // The nearest that the code page has could be the name of another file.
+    driver->name = u"\u221E";
+    CHECK(ask(LookUpMacName, folder, "a").error == ERROR_INVALID_NAME);
     driver->name = std::u16string(256, u'x');  // a reply without a NUL
     CHECK(ask(LookUpMacName, folder, "a").path == folder + "\\" + std::string(256, 'x'));
     // A folder of 256 units with its NUL fits the request, a longer one does not.

@@ -1,0 +1,83 @@
+#!/usr/bin/env bash
+# What extract does with what is there already: nothing is lost before the new file is whole.
+. "$(dirname "$0")/support.bash"
+
+mac_file macbinary 2 Eins 3000 20 TEXT ttxt 0 >one.bin
+mac_file macbinary 2 Eins 30000 3000 APPL MOSS 0 >other.bin
+mac_file binhex Eins 3000 20 TEXT ttxt 0 | sed '$s/.$//' | head -n -3 >cut.hqx
+head -c 2000 one.bin >cut.bin
+cp one.bin no.bin
+
+contents() { (cd out && find . -type f | LC_ALL=C sort | xargs -r sha256sum) >"$1"; }
+
+# kept ERROR WHAT ARGS...: the extraction fails with this error, and the folder is as it was.
+kept() {
+    local error=$1 what=$2
+    shift 2
+    contents before
+    run extract -o out "$@"
+    [[ $messages == "tidewell: "*": error $error: "* ]] || fail "$what: expected error $error, got $messages"
+    contents after
+    same_bytes "$what" before after
+}
+
+# A file that fails leaves the one that it was to replace, with its forks.
+rm -rf out && mkdir out
+mac_file make out/Eins 500 50 OLDT OLDC 0
+kept 38 "damaged MacBinary" --replace=yes cut.bin
+kept 38 "damaged BinHex" --replace=yes cut.hqx
+(ulimit -f 10 && kept 223 "no more room" --replace=yes other.bin)
+chmod a-w out/Eins
+kept 5 "not to be written" --replace=yes one.bin
+chmod u+w out/Eins
+run extract --replace=yes -o out one.bin
+same "replaced: nothing beside it" $'._Eins\nEins' "$(ls -A out)"
+same "replaced: type" "TEXT ttxt 0000" "$(mac_file finder out/._Eins)"
+
+# A link is replaced, and not what it leads to.
+rm -rf out && mkdir out
+echo victim >victim
+ln -s ../victim out/Eins
+run extract --replace=yes -o out cut.bin
+[ -L out/Eins ] || fail "link: it is gone after a failure"
+run extract --replace=yes -o out one.bin
+same "link: what it led to" victim "$(cat victim)"
+[ ! -L out/Eins ] && same "link: size" 3000 "$(stat -c %s out/Eins)"
+
+# A resource fork whose file is gone may be all that is left of it.
+rm -rf out && mkdir out
+mac_file make out/Eins 0 50 OLDT OLDC 0
+rm out/Eins
+kept 80 "resource fork alone" one.bin
+run extract --replace=no -o out one.bin
+same "resource fork alone: kept" "._Eins" "$(ls -A out)"
+run extract --replace=yes -o out one.bin
+same "resource fork alone: replaced" 3000 "$(stat -c %s out/Eins)"
+
+# What has the name of an AppleDouble file, and is none, is somebody's.
+rm -rf out && mkdir out
+echo notes >out/._Eins
+kept 1392 "no AppleDouble file" --replace=yes one.bin
+echo old >out/Eins
+kept 1392 "no AppleDouble file beside a file" --replace=yes one.bin
+
+# Of two processes that extract one name, one comes after the other.
+rm -rf out && mkdir out
+mac_file info Eins 3000000 2000000 TEXT ttxt 0
+macstream Eins.info | macsave -b
+mv Eins.bin big.bin
+for _ in 1 2 3 4; do
+    "$TIDEWELL" extract --replace=yes -o out other.bin >/dev/null &
+    "$TIDEWELL" extract --replace=yes -o out big.bin >/dev/null
+    wait $!
+    forks="$(stat -c %s out/Eins) $(mac_file fork out/._Eins | wc -c)"
+    [[ $forks == "30000 3000" || $forks == "3000000 2000000" ]] || fail "two at once: $forks"
+done
+same "two at once: nothing beside it" $'._Eins\nEins' "$(ls -A out)"
+
+# A path that is too long is told, and no fork dropped for it.
+deep=out/$(printf 'd%.0s' {1..200})/$(printf 'e%.0s' {1..60})
+mkdir -p "$deep"
+run extract -o "$deep" one.bin
+[[ $messages == *": error 206: "* ]] || fail "long path: $messages"
+same "long path" "" "$(ls -A "$deep")"

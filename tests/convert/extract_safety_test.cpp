@@ -1,0 +1,95 @@
+// What an extraction must not reach, whatever a file asks for.
+#include "support/binhex_writer.h"
+#include "support/extraction_case.h"
+#include "support/macbinary_writer.h"
+
+#include <doctest/doctest.h>
+
+using namespace tidewell;
+
+namespace {
+
+const MacFile kFile = {.data = patternOf(300), .resource = patternOf(20)};
+
+Bytes withName(const char* extension, const std::string& name) {
+    if (std::string(extension) == ".bin") return macBinaryFile({.name = bytesOf(name), .file = kFile});
+    return binHexFile({.name = bytesOf(name), .data = kFile.data, .resource = kFile.resource});
+}
+
+}  // namespace
+
+TEST_CASE("A file that holds one of its own name stays what it is") {
+    for (const char drive : {'F', 'N', 'M'}) {
+        for (const char* const extension : {".bin", ".hqx"}) {
+            for (const bool damaged : {false, true}) {
+                TestPc pc;
+                const std::string folder = std::string(1, drive) + ":\\";
+                const std::string path = folder + "in" + extension;
+                Bytes source = withName(extension, std::string("in") + extension);
+                if (damaged) source.resize(source.size() - 30);
+                writeFile(path, source);
+                DWORD flags = kReplaceAll;
+                const ErrorCode error =
+                    ExtractOriginalMacFile(nullptr, path.c_str(), folder.c_str(), &flags, nullptr);
+                CHECK(error == (damaged ? ERROR_HANDLE_EOF : ERROR_SHARING_VIOLATION));
+                CHECK(readFile(path) == source);
+                CHECK(pc.nothingHeld());
+            }
+        }
+    }
+}
+
+TEST_CASE("Names that Windows takes for something else") {
+    const struct {
+        const char* macName;
+        const char* file;  // that is made of it
+    } names[] = {
+        {"NUL", "NUL_"},
+        {"lpt1.bin", "lpt1_.bin"},
+        {"AUX .txt", "AUX_ .txt"},
+        {"conin$", "conin$_"},
+        {"COM\xB2", "COM\xB2_"},
+        {"COM10", "COM10"},
+        {"CONSOLE", "CONSOLE"},
+        {"Dr.", "Dr"},
+        {"Read Me . ", "Read Me"},
+        {"..", "__"},
+        {" ", "_"},
+        {"{4DD19184-ace2-11CF-BBF2-444553540000}", "_4DD19184-ace2-11CF-BBF2-444553540000}"},
+        {"{4DD19183-ACE2-11CF-BBF2-444553540000}. ", "_4DD19183-ACE2-11CF-BBF2-444553540000}"},
+    };
+    for (const char drive : {'F', 'N'}) {
+        for (const auto& name : names) {
+            CAPTURE(name.macName);
+            TestPc pc;
+            CHECK(extractBytes(withName(".bin", name.macName), ".bin", drive) == 0);
+            CHECK(readFile(std::string(1, drive) + ":\\" + name.file) == kFile.data);
+        }
+    }
+}
+
+TEST_CASE("A path too long for the forks that a volume keeps is an error, and leaves nothing") {
+    TestPc pc;
+    pc.setPathLimit(kPathCapacity);
+    const std::string deep(200, 'd');
+    pc.folder().makeFolder("M/" + deep);
+    pc.folder().makeFolder("M/" + deep + "/" + std::string(40, 'e'));
+    const std::string folder = "M:\\" + deep + "\\" + std::string(40, 'e') + "\\";
+    const std::string longest(MAX_PATH - 1 - folder.size(), 'n');
+    writeFile("F:\\in.bin", withName(".bin", longest));
+    DWORD flags = 0;
+    CHECK(ExtractOriginalMacFile(nullptr, "F:\\in.bin", folder.c_str(), &flags, nullptr) == 0);
+    CHECK(readMacFile(folder + longest).resource == kFile.resource);
+    writeFile("F:\\in.bin", withName(".bin", longest + "n"));
+    CHECK(ExtractOriginalMacFile(nullptr, "F:\\in.bin", folder.c_str(), &flags, nullptr) ==
+          ERROR_FILENAME_EXCED_RANGE);
+    CHECK(!exists(folder + longest + "n"));
+}
+
+TEST_CASE("A caller without the arguments gets 87") {
+    TestPc pc;
+    DWORD flags = 0;
+    CHECK(ExtractOriginalMacFile(nullptr, nullptr, "F:\\", &flags, nullptr) == ERROR_INVALID_PARAMETER);
+    CHECK(ExtractOriginalMacFile(nullptr, "F:\\in.bin", nullptr, &flags, nullptr) == ERROR_INVALID_PARAMETER);
+    CHECK(ExtractOriginalMacFile(nullptr, "F:\\in.bin", "F:\\", nullptr, nullptr) == ERROR_INVALID_PARAMETER);
+}
