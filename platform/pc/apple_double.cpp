@@ -154,6 +154,17 @@ Error AppleDouble::fill(HostFile& file, const AppleDoubleLayout& layout,
     return error == 0 ? file.setSize(layout.fileSize) : error;
 }
 
+Error AppleDouble::edit(const std::vector<AppleDoubleEdit>& edits, const std::string& owner) {
+    const AppleDoubleEntry* const entry = edits.size() == 1 ? source_.header.find(edits[0].id) : nullptr;
+    const size_t end = entry != nullptr ? edits[0].offset + edits[0].bytes.size() : 0;
+    if (entry == nullptr || end > entry->length || edits[0].leastLength > entry->length)
+        return rewrite(edits, {}, owner);
+    const Error error = openForWriting();
+    return error == 0 ? file_->write(uint64_t{entry->offset} + edits[0].offset, edits[0].bytes.data(),
+                                     edits[0].bytes.size())
+                      : error;
+}
+
 Error AppleDouble::rewrite(const std::vector<AppleDoubleEdit>& edits, const ResourcePlan& resource,
                            const std::string& owner) {
     AppleDoubleLayout layout;

@@ -36,6 +36,10 @@ class AppleDouble {
     Error rewrite(const std::vector<AppleDoubleEdit>& edits, const ResourcePlan& resource,
                   const std::string& owner);
 
+    // The same for edits alone. One that its entry has room for is written in place: it is a few bytes in one
+    // go, so there is no time at which they are half written.
+    Error edit(const std::vector<AppleDoubleEdit>& edits, const std::string& owner);
+
     // 5 when the host does not allow writing.
     Error openForWriting();
 

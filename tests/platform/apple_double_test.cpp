@@ -242,12 +242,16 @@ TEST_CASE_FIXTURE(MacFile, "a full disk leaves the old information as it was, an
 
     for (uint64_t space = 0; space < before.size(); space += 10) {
         volume->setFreeSpace(space);
-        CHECK(changeFinderInfo(*volume, "a", kText) == 112);
+        CHECK(changeFinderInfo(*volume, "a", kText, 0x01) == 112);
         CHECK(stored() == before);
         CHECK(folder.names().size() == 2);
     }
     volume->setFreeSpace(before.size());
-    REQUIRE(changeFinderInfo(*volume, "a", kText) == 0);
+    REQUIRE(changeFinderInfo(*volume, "a", kText, 0x01) == 0);
+    // What fits in place needs no room.
+    volume->setFreeSpace(0);
+    REQUIRE(changeFinderInfo(*volume, "a", std::string(16, 'x'), 0x01) == 0);
+    volume->setFreeSpace(before.size());
 
     // The room the old file had is free again; the fork takes it to the last byte.
     pc::Opened opened;
