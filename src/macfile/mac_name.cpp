@@ -34,8 +34,8 @@ ErrorCode setFolder(MacNameRequest& request, const char* folder) {
     return 0;
 }
 
-// 123 when a name in the code page is not the one in Unicode: one of the system's best fits for characters that
-// the code page lacks could be the name of another file.
+// 123 when a name in the code page is not the one in Unicode: one of the system's best fits for characters
+// that the code page lacks could be the name of another file.
 ErrorCode checkConverted(const char* name, const WCHAR* units) {
     WCHAR back[kNameCapacity];
     if (MultiByteToWideChar(CP_ACP, 0, name, -1, back, kNameCapacity) == 0)
