@@ -67,12 +67,6 @@ list(FILTER TIDEWELL_TEST_SOURCES INCLUDE REGEX "_test\\.cpp$")
 set(TIDEWELL_WINDOW_TEST_SOURCES ${TIDEWELL_TEST_SOURCES})
 list(FILTER TIDEWELL_WINDOW_TEST_SOURCES INCLUDE REGEX "/tests/windows/")
 list(FILTER TIDEWELL_TEST_SOURCES EXCLUDE REGEX "/tests/windows/")
-if(CMAKE_SYSTEM_PROCESSOR STREQUAL "i686")
-  # Where the tests run them, 32-bit programs have no display: message boxes and modal dialogs lose the clicks
-  # that are to close them. These get along without.
-  list(FILTER TIDEWELL_WINDOW_TEST_SOURCES INCLUDE REGEX
-       "/(progress_window|busy_cursor|library|command|strings|settings|module_state)_test\\.cpp$")
-endif()
 
 # A test that is misnamed would silently not run; so would a folder that nobody builds.
 function(tidewell_check_no_stray_sources)

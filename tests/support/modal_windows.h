@@ -1,4 +1,4 @@
-// Drives modal windows: dialogs and message boxes that a call shows and waits for.
+// Windows of tests; the driver of modal windows, dialogs and message boxes that a call shows and waits for.
 #ifndef TIDEWELL_TESTS_SUPPORT_MODAL_H
 #define TIDEWELL_TESTS_SUPPORT_MODAL_H
 
@@ -6,6 +6,25 @@
 
 #include <functional>
 #include <string>
+
+// A 32-bit program has no display where the tests run it (a 64-bit Wine without 32-bit libraries). Its
+// windows are there and answer, but are not painted, and no icon, cursor or bitmap of the system's is there.
+constexpr bool kHasDisplay = sizeof(void*) == 8;
+
+// A window that lives as long as the object.
+class TestWindow {
+  public:
+    explicit TestWindow(HWND window);
+    // A label.
+    explicit TestWindow(const char* text, DWORD style = WS_POPUP);
+    ~TestWindow() { DestroyWindow(window_); }
+    TestWindow(const TestWindow&) = delete;
+    TestWindow& operator=(const TestWindow&) = delete;
+    operator HWND() const { return window_; }
+
+  private:
+    HWND window_;
+};
 
 // While it lives, each modal window of this thread is handed to `action` once, when it is on the screen. An
 // action that leaves the window open has it closed after a while; the test fails.
@@ -27,23 +46,24 @@ class ModalDriver {
     UINT_PTR timer_;
     HWND current_ = nullptr;
     DWORD since_ = 0;
-    bool acted_ = false;
     int shown_ = 0;
 };
 
+std::string classOf(HWND window);
 std::string windowText(HWND window);
 
-// The texts of all labels of a window, one a line.
-std::string labelText(HWND window);
+// The texts of all labels of a window, with bars between them.
+std::string labelTexts(HWND window);
 
-// The window's child with this text; null when there is none.
-HWND childWithText(HWND window, const char* text);
-
-// Presses a button as its number's command, as the user would.
+// Tells the window that its button was pressed, as the button does. What the mouse does to a button depends
+// on what is active and on when; that is the system's own code.
 void press(HWND dialog, int button);
 
-// Takes a picture of a window for the documents. A 32-bit program's windows are not painted where Wine runs
-// it without its display: nothing is taken then.
+void typeKey(HWND window, WPARAM key);
+
+// Writes what the screen shows of a window to NAME.BMP in the folder that the environment variable
+// TIDEWELL_SCREENSHOTS names, by default in the current one: for the documents, and for whoever wants to see
+// what a test saw. Without a display there is nothing to write.
 void takeScreenshot(HWND window, const char* name);
 
 #endif

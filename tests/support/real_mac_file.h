@@ -11,13 +11,13 @@ class RealFile {
   public:
     // Names are 8.3 ones, since not every system finds a stream by a file's other name.
     explicit RealFile(const char* name);
+    RealFile(const char* name, const std::string& bytes);
     ~RealFile();
     RealFile(const RealFile&) = delete;
     RealFile& operator=(const RealFile&) = delete;
 
     const char* path() const { return path_.c_str(); }
-    bool exists() const;
-    DWORD size() const;
+    std::string bytes() const;
 
   private:
     std::string path_;
@@ -28,6 +28,10 @@ class RealMacFile : public RealFile {
   public:
     RealMacFile(const char* name, size_t dataLength, size_t resourceLength);
     ~RealMacFile();
+
+  private:
+    std::string resourceFork_;
+    std::string finderInfo_;
 };
 
 #endif

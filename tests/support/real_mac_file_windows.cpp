@@ -2,67 +2,50 @@
 
 #include <doctest/doctest.h>
 
-#include <vector>
+#include <filesystem>
+#include <fstream>
 
 namespace {
 
-void writeReal(const std::string& path, const std::vector<char>& bytes) {
-    const HANDLE file = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    REQUIRE_MESSAGE(file != INVALID_HANDLE_VALUE, path << ": error " << GetLastError());
-    DWORD written = 0;
-    WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-    CloseHandle(file);
-    REQUIRE(written == bytes.size());
-}
-
-std::string fullPath(const char* name) {
-    char path[MAX_PATH];
-    char* part = nullptr;
-    REQUIRE(GetFullPathNameA(name, sizeof path, path, &part) < sizeof path);
-    return path;
-}
-
-std::vector<char> finderInfo() {
-    std::vector<char> record(60);
-    const std::string start("AFP\0\0\0\1\0", 8);
-    const std::string fields = "TEXTttxt";
-    start.copy(record.data(), start.size());
-    fields.copy(record.data() + 16, fields.size());
-    return record;
+void writeReal(const std::string& path, const std::string& bytes) {
+    std::ofstream file(path, std::ios::binary);
+    file << bytes;
+    file.close();
+    REQUIRE_MESSAGE(!file.fail(), path);
 }
 
 }  // namespace
 
-RealFile::RealFile(const char* name) : path_(fullPath(name)) {
-    DeleteFileA(path_.c_str());
+RealFile::RealFile(const char* name) : path_(std::filesystem::absolute(name).string()) {
+    DeleteFileA(path());
+}
+
+RealFile::RealFile(const char* name, const std::string& bytes) : RealFile(name) {
+    writeReal(path_, bytes);
 }
 
 RealFile::~RealFile() {
-    DeleteFileA(path_.c_str());
+    DeleteFileA(path());
 }
 
-bool RealFile::exists() const {
-    return GetFileAttributesA(path_.c_str()) != INVALID_FILE_ATTRIBUTES;
+std::string RealFile::bytes() const {
+    std::ifstream file(path_, std::ios::binary);
+    REQUIRE_MESSAGE(file.is_open(), path_);
+    return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
-DWORD RealFile::size() const {
-    const HANDLE file = CreateFileA(path_.c_str(), 0, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-    REQUIRE(file != INVALID_HANDLE_VALUE);
-    const DWORD size = GetFileSize(file, nullptr);
-    CloseHandle(file);
-    return size;
-}
-
-RealMacFile::RealMacFile(const char* name, size_t dataLength, size_t resourceLength) : RealFile(name) {
-    const std::string file = path();
-    writeReal(file, std::vector<char>(dataLength, 'd'));
-    writeReal(file + ":AFP_Resource", std::vector<char>(resourceLength, 'r'));
-    writeReal(file + ":AFP_AfpInfo", finderInfo());
+RealMacFile::RealMacFile(const char* name, size_t dataLength, size_t resourceLength)
+    : RealFile(name, std::string(dataLength, 'd')),
+      resourceFork_(path() + std::string(":AFP_Resource")),
+      finderInfo_(path() + std::string(":AFP_AfpInfo")) {
+    writeReal(resourceFork_, std::string(resourceLength, 'r'));
+    std::string record(60, '\0');
+    record.replace(0, 8, std::string("AFP\0\0\0\1\0", 8)).replace(16, 8, "TEXTttxt");
+    writeReal(finderInfo_, record);
 }
 
 // Where the system keeps streams as files of their own, they do not go with the file.
 RealMacFile::~RealMacFile() {
-    const std::string file = path();
-    DeleteFileA((file + ":AFP_Resource").c_str());
-    DeleteFileA((file + ":AFP_AfpInfo").c_str());
+    DeleteFileA(resourceFork_.c_str());
+    DeleteFileA(finderInfo_.c_str());
 }

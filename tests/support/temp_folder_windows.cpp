@@ -6,7 +6,9 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 
 namespace {
@@ -23,36 +25,26 @@ std::string narrow(std::wstring_view text) {
     return pc::utf8FromUtf16(std::u16string(text.begin(), text.end()));
 }
 
-std::vector<WIN32_FIND_DATAW> itemsIn(const std::string& folder) {
-    std::vector<WIN32_FIND_DATAW> items;
+std::vector<std::string> namesIn(const std::string& folder) {
+    std::vector<std::string> names;
     WIN32_FIND_DATAW found;
     const HANDLE search = FindFirstFileW(wide(folder + "/*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return items;
-    do {
-        const std::wstring_view name = found.cFileName;
-        if (name != L"." && name != L"..") items.push_back(found);
-    } while (FindNextFileW(search, &found));
+    for (BOOL more = search != INVALID_HANDLE_VALUE; more; more = FindNextFileW(search, &found)) {
+        const std::string name = narrow(found.cFileName);
+        if (name != "." && name != "..") names.push_back(name);
+    }
     FindClose(search);
-    return items;
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 void removeTree(const std::string& folder) {
-    for (const WIN32_FIND_DATAW& item : itemsIn(folder)) {
-        const std::string path = folder + "/" + narrow(item.cFileName);
-        if ((item.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-            removeTree(path);
-        } else {
-            SetFileAttributesW(wide(path).c_str(), FILE_ATTRIBUTE_NORMAL);
-            DeleteFileW(wide(path).c_str());
-        }
+    for (const std::string& name : namesIn(folder)) {
+        const std::string path = folder + "/" + name;
+        SetFileAttributesW(wide(path).c_str(), FILE_ATTRIBUTE_NORMAL);
+        if (!DeleteFileW(wide(path).c_str())) removeTree(path);
     }
     RemoveDirectoryW(wide(folder).c_str());
-}
-
-std::FILE* openOrThrow(const std::string& path, const wchar_t* mode) {
-    std::FILE* const file = _wfopen(wide(path).c_str(), mode);
-    if (file == nullptr) throw std::runtime_error("cannot open " + path);
-    return file;
 }
 
 }  // namespace
@@ -81,19 +73,15 @@ void TempFolder::makeFolder(std::string_view name) const {
 }
 
 void TempFolder::write(std::string_view name, std::string_view bytes) const {
-    std::FILE* const file = openOrThrow(path(name), L"wb");
-    const size_t written = std::fwrite(bytes.data(), 1, bytes.size(), file);
-    if (std::fclose(file) != 0 || written != bytes.size()) throw std::runtime_error("cannot write");
+    std::ofstream file(std::filesystem::path(wide(path(name))), std::ios::binary);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (!file.flush()) throw std::runtime_error("cannot write " + path(name));
 }
 
 std::string TempFolder::read(std::string_view name) const {
-    std::FILE* const file = openOrThrow(path(name), L"rb");
-    std::string bytes;
-    char block[4096];
-    while (const size_t got = std::fread(block, 1, sizeof block, file))
-        bytes.append(block, got);
-    std::fclose(file);
-    return bytes;
+    std::ifstream file(std::filesystem::path(wide(path(name))), std::ios::binary);
+    if (!file) throw std::runtime_error("cannot read " + path(name));
+    return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
 bool TempFolder::has(std::string_view name) const {
@@ -105,10 +93,5 @@ void TempFolder::remove(std::string_view name) const {
 }
 
 std::vector<std::string> TempFolder::names(std::string_view folder) const {
-    std::vector<std::string> names;
-    const std::string path = folder.empty() ? path_ : this->path(folder);
-    for (const WIN32_FIND_DATAW& item : itemsIn(path))
-        names.push_back(narrow(item.cFileName));
-    std::sort(names.begin(), names.end());
-    return names;
+    return namesIn(folder.empty() ? path_ : path(folder));
 }

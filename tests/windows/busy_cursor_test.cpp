@@ -1,58 +1,33 @@
 #include "ui/busy_cursor.h"
 
+#include "support/modal_windows.h"
+
 #include <doctest/doctest.h>
 
 using namespace tidewell;
 
 namespace {
 
-// Null for a 32-bit program where Wine runs those without their display.
 HCURSOR waitCursor() {
-    return LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_WAIT));
+    HCURSOR const cursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_WAIT));
+    CHECK((cursor != nullptr) == kHasDisplay);
+    return cursor;
 }
-
-// A cursor that a program had before.
-class OwnCursor {
-  public:
-    OwnCursor() {
-        const BYTE blank[8] = {};
-        cursor_ = CreateCursor(GetModuleHandleA(nullptr), 0, 0, 16, 4, blank, blank);
-        REQUIRE(cursor_ != nullptr);
-        SetCursor(cursor_);
-    }
-    ~OwnCursor() {
-        SetCursor(nullptr);
-        DestroyCursor(cursor_);
-    }
-    OwnCursor(const OwnCursor&) = delete;
-    OwnCursor& operator=(const OwnCursor&) = delete;
-
-    bool isCurrent() const { return GetCursor() == cursor_; }
-
-  private:
-    HCURSOR cursor_;
-};
 
 }  // namespace
 
-TEST_CASE("The wait cursor shows for as long as the object lives") {
-#ifdef _WIN64
-    CHECK(waitCursor() != nullptr);
-#endif
-    const OwnCursor own;
+TEST_CASE("The wait cursor shows for as long as the object lives; for a window it captures the mouse") {
+    const BYTE blank[8] = {};
+    HCURSOR const own = CreateCursor(GetModuleHandleA(nullptr), 0, 0, 16, 4, blank, blank);
+    REQUIRE(own != nullptr);
+    SetCursor(own);
+    const TestWindow window("busy", WS_POPUP | WS_VISIBLE);
     {
         const BusyCursor busy(nullptr);
-        CHECK_FALSE(own.isCurrent());
         CHECK(GetCursor() == waitCursor());
         CHECK(GetCapture() == nullptr);
     }
-    CHECK(own.isCurrent());
-}
-
-TEST_CASE("The wait cursor of a window captures the mouse") {
-    HWND const window = CreateWindowExA(0, "STATIC", "busy", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr,
-                                        nullptr, GetModuleHandleA(nullptr), nullptr);
-    REQUIRE(window != nullptr);
+    CHECK(GetCursor() == own);
     {
         const BusyCursor busy(window);
         CHECK(GetCapture() == window);
@@ -64,5 +39,6 @@ TEST_CASE("The wait cursor of a window captures the mouse") {
         CHECK(GetCursor() == waitCursor());
     }
     CHECK(GetCapture() == nullptr);
-    DestroyWindow(window);
+    SetCursor(nullptr);
+    DestroyCursor(own);
 }

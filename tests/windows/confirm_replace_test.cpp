@@ -1,28 +1,19 @@
 // The question before a file is replaced, as the user sees and answers it.
 #include "ui/confirm_replace.h"
 
-#include "module/module_state.h"
 #include "support/modal_windows.h"
 #include "support/real_mac_file.h"
+#include "support/test_module_windows.h"
 
 #include <doctest/doctest.h>
 
-#include <fstream>
 #include <functional>
+#include <map>
 #include <string>
 
 using namespace tidewell;
 
 namespace {
-
-struct ModuleState {
-    ModuleState() { InitializeModuleState(GetModuleHandleA(nullptr)); }
-};
-
-class ExistingFile : public RealFile {
-  public:
-    explicit ExistingFile(const char* name) : RealFile(name) { std::ofstream(name) << "old"; }
-};
 
 // Shows the question and lets `answer` act in it.
 int ask(const char* path, BOOL several, const std::function<void(HWND)>& answer) {
@@ -32,100 +23,85 @@ int ask(const char* path, BOOL several, const std::function<void(HWND)>& answer)
     return result;
 }
 
-int leftOf(HWND dialog, int control) {
-    RECT place = {};
-    GetWindowRect(GetDlgItem(dialog, control), &place);
-    return place.left;
-}
-
-bool offers(HWND dialog, int button) {
-    HWND const control = GetDlgItem(dialog, button);
-    REQUIRE(control != nullptr);
-    return IsWindowVisible(control) && IsWindowEnabled(control);
-}
-
-void typeKey(HWND window, WPARAM key) {
-    PostMessageA(window, WM_KEYDOWN, key, 0);
-    PostMessageA(window, WM_KEYUP, key, 0);
+// By their places from the left edge of the label. A button that is not offered can neither be seen nor
+// pressed.
+std::map<LONG, std::string> offeredButtons(HWND dialog) {
+    std::map<LONG, std::string> buttons;
+    RECT label = {};
+    GetWindowRect(GetDlgItem(dialog, IDC_REPLACE_NAME), &label);
+    for (const int button : {IDYES, IDYESTOALL, IDNO, IDCANCEL}) {
+        HWND const control = GetDlgItem(dialog, button);
+        CHECK(IsWindowVisible(control) == IsWindowEnabled(control));
+        RECT place = {};
+        GetWindowRect(control, &place);
+        if (IsWindowVisible(control)) buttons[place.left - label.left] = windowText(control);
+    }
+    return buttons;
 }
 
 }  // namespace
 
-TEST_CASE_FIXTURE(ModuleState, "A file that does not exist needs no question") {
-    const ModalDriver driver([](HWND window) { EndDialog(window, IDCANCEL); });
-    CHECK(ConfirmFileReplace(nullptr, "MISSING.TXT", TRUE) == IDYES);
-    CHECK(driver.shown() == 0);
-}
-
-TEST_CASE_FIXTURE(ModuleState, "The question for several files offers all answers, from left to right") {
-    const ExistingFile file("Quarterly Report.bin");
-    const int order[] = {IDYES, IDYESTOALL, IDNO, IDCANCEL};
-    for (const int answer : order) {
+TEST_CASE_FIXTURE(ModuleState, "The question for several files offers all answers, for one Yes and No") {
+    const RealFile file("Quarterly Report.bin", "old");
+    std::map<LONG, std::string> four;
+    for (const int answer : {IDYES, IDYESTOALL, IDNO, IDCANCEL}) {
         CHECK(ask(file.path(), TRUE, [&](HWND dialog) {
                   CHECK(windowText(dialog) == "Confirm File Replace");
-                  CHECK(windowText(GetDlgItem(dialog, IDC_REPLACE_NAME)) ==
-                        "This folder already contains a file named 'Quarterly Report.bin'.");
-                  CHECK(childWithText(dialog, "Would you like to replace the existing file?") != nullptr);
-                  for (size_t i = 0; i < std::size(order); ++i) {
-                      CHECK(offers(dialog, order[i]));
-                      if (i > 0) CHECK(leftOf(dialog, order[i - 1]) < leftOf(dialog, order[i]));
-                  }
-                  CHECK(windowText(GetDlgItem(dialog, IDYES)) == "&Yes");
-                  CHECK(windowText(GetDlgItem(dialog, IDYESTOALL)) == "Yes to &All");
-                  CHECK(windowText(GetDlgItem(dialog, IDNO)) == "&No");
-                  CHECK(windowText(GetDlgItem(dialog, IDCANCEL)) == "Cancel");
+                  CHECK(labelTexts(dialog) ==
+                        "This folder already contains a file named 'Quarterly Report.bin'.|"
+                        "Would you like to replace the existing file?");
+                  four = offeredButtons(dialog);
+                  std::string texts;
+                  for (const auto& button : four)
+                      texts += "[" + button.second + "]";
+                  CHECK(texts == "[&Yes][Yes to &All][&No][Cancel]");
                   CHECK(LOWORD(SendMessageA(dialog, DM_GETDEFID, 0, 0)) == IDYES);
                   CHECK(GetFocus() == GetDlgItem(dialog, IDYES));
-                  if (answer == IDYES) takeScreenshot(dialog, "REPLACE_SEVERAL");
+                  takeScreenshot(dialog, "REPLACE_SEVERAL");
                   press(dialog, answer);
               }) == answer);
     }
-}
-
-TEST_CASE_FIXTURE(ModuleState, "The question for one file offers Yes and No, in the places on the right") {
-    const ExistingFile file("SINGLE.TXT");
-    int places[2] = {};
-    ask(file.path(), TRUE, [&](HWND dialog) {
-        places[0] = leftOf(dialog, IDNO) - leftOf(dialog, IDC_REPLACE_NAME);
-        places[1] = leftOf(dialog, IDCANCEL) - leftOf(dialog, IDC_REPLACE_NAME);
-        press(dialog, IDNO);
-    });
+    REQUIRE(four.size() == 4);
+    const std::map<LONG, std::string> two = {{std::prev(four.end(), 2)->first, "&Yes"},
+                                             {std::prev(four.end())->first, "&No"}};
     for (const int answer : {IDYES, IDNO}) {
         CHECK(ask(file.path(), FALSE, [&](HWND dialog) {
-                  CHECK(offers(dialog, IDYES));
-                  CHECK(offers(dialog, IDNO));
-                  CHECK_FALSE(IsWindowVisible(GetDlgItem(dialog, IDCANCEL)));
-                  CHECK_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
-                  CHECK_FALSE(IsWindowVisible(GetDlgItem(dialog, IDYESTOALL)));
-                  CHECK_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDYESTOALL)));
-                  CHECK(leftOf(dialog, IDYES) - leftOf(dialog, IDC_REPLACE_NAME) == places[0]);
-                  CHECK(leftOf(dialog, IDNO) - leftOf(dialog, IDC_REPLACE_NAME) == places[1]);
-                  if (answer == IDYES) takeScreenshot(dialog, "REPLACE_SINGLE");
+                  CHECK((offeredButtons(dialog) == two));
+                  takeScreenshot(dialog, "REPLACE_SINGLE");
                   press(dialog, answer);
               }) == answer);
     }
 }
 
 TEST_CASE_FIXTURE(ModuleState, "Escape and closing cancel the question in both forms, Enter says Yes") {
-    const ExistingFile file("KEYS.TXT");
-    for (const BOOL several : {FALSE, TRUE}) {
-        CAPTURE(several);
-        CHECK(ask(file.path(), several, [](HWND) { typeKey(GetFocus(), VK_ESCAPE); }) == IDCANCEL);
-        CHECK(ask(file.path(), several, [](HWND dialog) { typeKey(dialog, VK_ESCAPE); }) == IDCANCEL);
-        CHECK(ask(file.path(), several, [](HWND dialog) {
-                  SetFocus(GetDlgItem(dialog, IDNO));
-                  typeKey(GetFocus(), VK_ESCAPE);
-              }) == IDCANCEL);
-        CHECK(ask(file.path(), several, [](HWND dialog) { PostMessageA(dialog, WM_CLOSE, 0, 0); }) ==
-              IDCANCEL);
-        CHECK(ask(file.path(), several, [](HWND) { typeKey(GetFocus(), VK_RETURN); }) == IDYES);
-        CHECK(ask(file.path(), several, [](HWND) { PostMessageA(GetFocus(), WM_CHAR, 'n', 0); }) == IDNO);
+    const RealFile file("KEYS.TXT", "old");
+    struct {
+        const char* name;
+        void (*act)(HWND dialog);
+        int answer;
+    } const ways[] = {
+        {"Escape", [](HWND) { typeKey(GetFocus(), VK_ESCAPE); }, IDCANCEL},
+        {"Escape outside the buttons", [](HWND dialog) { typeKey(dialog, VK_ESCAPE); }, IDCANCEL},
+        {"Escape on No",
+         [](HWND dialog) {
+             SetFocus(GetDlgItem(dialog, IDNO));
+             typeKey(GetFocus(), VK_ESCAPE);
+         },
+         IDCANCEL},
+        {"close", [](HWND dialog) { PostMessageA(dialog, WM_CLOSE, 0, 0); }, IDCANCEL},
+        {"Enter", [](HWND) { typeKey(GetFocus(), VK_RETURN); }, IDYES},
+        {"letter", [](HWND) { PostMessageA(GetFocus(), WM_CHAR, 'n', 0); }, IDNO},
+    };
+    for (const auto& way : ways) {
+        CAPTURE(way.name);
+        CHECK(ask(file.path(), TRUE, way.act) == way.answer);
+        CHECK(ask(file.path(), FALSE, way.act) == way.answer);
     }
 }
 
 TEST_CASE_FIXTURE(ModuleState, "The question names the file as it is stored, however long") {
     const std::string longName = std::string(40, 'W') + " & " + std::string(120, 'i') + "%1.hqx";
-    const ExistingFile file(longName.c_str());
+    const RealFile file(longName.c_str(), "old");
     std::string asked = longName;
     asked[0] = 'w';
     ask(asked.c_str(), TRUE, [&](HWND dialog) {
@@ -136,8 +112,12 @@ TEST_CASE_FIXTURE(ModuleState, "The question names the file as it is stored, how
     });
 }
 
-TEST_CASE_FIXTURE(ModuleState, "A question that cannot be shown gives -1") {
-    const ExistingFile file("NOASK.TXT");
+TEST_CASE_FIXTURE(ModuleState,
+                  "A file that is not there needs no question; one that cannot be shown gives -1") {
+    const ModalDriver driver([](HWND window) { EndDialog(window, IDCANCEL); });
+    CHECK(ConfirmFileReplace(nullptr, "MISSING.TXT", TRUE) == IDYES);
+    const RealFile file("NOASK.TXT", "old");
     InitializeModuleState(GetModuleHandleA("comctl32.dll"));
     CHECK(ConfirmFileReplace(nullptr, file.path(), TRUE) == -1);
+    CHECK(driver.shown() == 0);
 }

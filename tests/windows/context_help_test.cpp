@@ -4,17 +4,13 @@
 #include <doctest/doctest.h>
 
 #include <string>
+#include <tuple>
 
 using namespace tidewell;
 
 namespace {
 
-struct HelpCall {
-    HWND window;
-    std::string file;
-    UINT command;
-    ULONG_PTR data;
-};
+using HelpCall = std::tuple<HWND, std::string, UINT, ULONG_PTR>;
 HelpCall lastCall;
 
 BOOL WINAPI recordHelp(HWND window, LPCSTR file, UINT command, ULONG_PTR data) {
@@ -34,31 +30,21 @@ extern "C" const void* const helpImport = reinterpret_cast<const void*>(&recordH
 
 TEST_CASE("Help opens the product's file by the dialog's table, or by a topic") {
     const DWORD table[] = {1000, 41, 1018, kNoHelpTopic, 0, 0};
+    const auto data = reinterpret_cast<ULONG_PTR>(table);
     HWND const window = GetDesktopWindow();
     HELPINFO request = {};
     request.cbSize = sizeof request;
     request.iContextType = HELPINFO_WINDOW;
     request.hItemHandle = window;
 
-    lastCall = {};
     ShowControlHelp(request, table);
-    CHECK(lastCall.window == window);
-    CHECK(lastCall.file == "TIDEWELL.HLP");
-    CHECK(lastCall.command == HELP_WM_HELP);
-    CHECK(lastCall.data == reinterpret_cast<ULONG_PTR>(table));
-
+    CHECK(lastCall == HelpCall(window, "TIDEWELL.HLP", HELP_WM_HELP, data));
     lastCall = {};
     request.iContextType = HELPINFO_MENUITEM;
     ShowControlHelp(request, table);
-    CHECK(lastCall.window == nullptr);
-
+    CHECK(lastCall == HelpCall());
     ShowContextMenuHelp(window, table);
-    CHECK(lastCall.window == window);
-    CHECK(lastCall.command == HELP_CONTEXTMENU);
-    CHECK(lastCall.data == reinterpret_cast<ULONG_PTR>(table));
-
+    CHECK(lastCall == HelpCall(window, "TIDEWELL.HLP", HELP_CONTEXTMENU, data));
     ShowHelpTopic(window, 100);
-    CHECK(lastCall.file == "TIDEWELL.HLP");
-    CHECK(lastCall.command == HELP_CONTEXT);
-    CHECK(lastCall.data == 100);
+    CHECK(lastCall == HelpCall(window, "TIDEWELL.HLP", HELP_CONTEXT, 100));
 }

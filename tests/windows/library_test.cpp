@@ -1,55 +1,23 @@
 // TIDEWELL.DLL itself, loaded into a program as the shell loads it, on a real volume of the system's.
 #include "res/resource.h"
 #include "support/real_mac_file.h"
+#include "support/test_module_windows.h"
 
 #include <doctest/doctest.h>
 
-#include <windows.h>
-
 #include <string>
 
-namespace {
-
-// The library is built beside the test program.
-std::string libraryPath() {
-    char path[MAX_PATH];
-    GetModuleFileNameA(nullptr, path, sizeof path);
-    const std::string program = path;
-    return program.substr(0, program.rfind('\\') + 1) + "TIDEWELL.DLL";
-}
-
-using CreateMacBinary = DWORD(WINAPI*)(HWND, const char*, const char*, void**);
-
-class Library {
-  public:
-    Library() : module_(LoadLibraryA(libraryPath().c_str())) {
-        REQUIRE_MESSAGE(module_ != nullptr, libraryPath() << ": error " << GetLastError());
-    }
-    ~Library() { FreeLibrary(module_); }
-    Library(const Library&) = delete;
-    Library& operator=(const Library&) = delete;
-
-    HMODULE module() const { return module_; }
-    CreateMacBinary createMacBinary() const {
-        FARPROC const function = GetProcAddress(module_, "CreateMacBinaryFile");
-        const bool exported = function != nullptr;
-        REQUIRE(exported);
-        return reinterpret_cast<CreateMacBinary>(reinterpret_cast<void*>(function));
-    }
-
-  private:
-    HMODULE module_;
-};
-
-}  // namespace
-
 TEST_CASE("The library packs a Mac file of NTFS") {
-    const Library library;
-    const CreateMacBinary createMacBinary = library.createMacBinary();
+    const LoadedLibrary library;
+    using CreateMacBinary = DWORD(WINAPI*)(HWND, const char*, const char*, void**);
+    const auto createMacBinary = reinterpret_cast<CreateMacBinary>(
+        reinterpret_cast<void*>(GetProcAddress(library, "CreateMacBinaryFile")));
+    const bool exported = createMacBinary != nullptr;
+    REQUIRE(exported);
     const RealMacFile file("LIBRARY.TXT", 100000, 333);
     const RealFile output("LIBRARY.BIN");
     CHECK(createMacBinary(nullptr, file.path(), output.path(), nullptr) == 0);
-    CHECK(output.size() == 128 + 100096 + 384);
+    CHECK(output.bytes().size() == 128 + 100096 + 384);
     void* progress = nullptr;
     CHECK(createMacBinary(nullptr, file.path(), output.path(), &progress) == 0);
     CHECK(createMacBinary(nullptr, file.path(), file.path(), nullptr) == ERROR_SHARING_VIOLATION);
@@ -58,13 +26,13 @@ TEST_CASE("The library packs a Mac file of NTFS") {
 
 TEST_CASE("The library carries its resources and can be loaded again and again") {
     for (int i = 0; i < 3; ++i) {
-        const Library library;
-        char text[128];
-        CHECK(LoadStringA(library.module(), IDS_MINUTES_REMAINING, text, sizeof text) > 0);
+        const LoadedLibrary library;
+        char text[128] = "";
+        LoadStringA(library, IDS_MINUTES_REMAINING, text, sizeof text);
         CHECK(std::string(text) == "%d Minutes Remaining");
         for (const int icon : {IDI_CREATE_MACBINARY, IDI_EXTRACT})
-            CHECK(FindResourceA(library.module(), MAKEINTRESOURCEA(icon), RT_GROUP_ICON) != nullptr);
-        CHECK(FindResourceA(library.module(), "FILEPROGRESS", RT_DIALOG) != nullptr);
-        CHECK(FindResourceA(library.module(), MAKEINTRESOURCEA(1), RT_VERSION) != nullptr);
+            CHECK(FindResourceA(library, MAKEINTRESOURCEA(icon), RT_GROUP_ICON) != nullptr);
+        CHECK(FindResourceA(library, "FILEPROGRESS", RT_DIALOG) != nullptr);
+        CHECK(FindResourceA(library, MAKEINTRESOURCEA(1), RT_VERSION) != nullptr);
     }
 }

@@ -3,6 +3,7 @@
 
 #include "module/administrator.h"
 #include "module/unload.h"
+#include "support/modal_windows.h"
 
 #include <doctest/doctest.h>
 
@@ -10,51 +11,21 @@ using namespace tidewell;
 
 namespace {
 
-// The window of another component of the product, on a thread of its own.
-class ShellWindow {
-  public:
-    ShellWindow() : thread_(CreateThread(nullptr, 0, run, this, 0, nullptr)) {
-        while (!window_)
-            Sleep(1);
-    }
-    ~ShellWindow() {
-        PostMessageA(window_, WM_CLOSE, 0, 0);
-        WaitForSingleObject(thread_, 5000);
-        CloseHandle(thread_);
-    }
-    ShellWindow(const ShellWindow&) = delete;
-    ShellWindow& operator=(const ShellWindow&) = delete;
-
-    bool endsWithin(DWORD milliseconds) const {
-        return WaitForSingleObject(thread_, milliseconds) == WAIT_OBJECT_0;
-    }
-    WPARAM quitCode() const { return quitCode_; }
-
-  private:
-    static LRESULT CALLBACK onMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-        if (message == WM_DESTROY) PostQuitMessage(99);
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    static DWORD WINAPI run(void* self) {
-        auto& shell = *static_cast<ShellWindow*>(self);
-        WNDCLASSA windowClass = {};
-        windowClass.lpfnWndProc = onMessage;
-        windowClass.hInstance = GetModuleHandleA(nullptr);
-        windowClass.lpszClassName = "TDSHELLCLASS";
-        RegisterClassA(&windowClass);
-        shell.window_ = CreateWindowExA(0, "TDSHELLCLASS", "TDSHELL", WS_POPUP, 0, 0, 10, 10, nullptr,
-                                        nullptr, windowClass.hInstance, nullptr);
-        MSG message;
-        while (GetMessageA(&message, nullptr, 0, 0) > 0)
-            DispatchMessageA(&message);
-        shell.quitCode_ = message.wParam;
-        return 0;
-    }
-
-    HANDLE volatile thread_;
-    HWND volatile window_ = nullptr;
-    WPARAM volatile quitCode_ = 1;
-};
+// The thread of a window of another component of the product; its exit code is what it quits with.
+DWORD WINAPI runShell(void* ready) {
+    WNDCLASSA windowClass = {};
+    windowClass.lpfnWndProc = DefWindowProcA;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = "TDSHELLCLASS";
+    RegisterClassA(&windowClass);
+    const TestWindow window(CreateWindowExA(0, "TDSHELLCLASS", "TDSHELL", WS_POPUP, 0, 0, 10, 10, nullptr,
+                                            nullptr, windowClass.hInstance, nullptr));
+    SetEvent(ready);
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0)
+        DispatchMessageA(&message);
+    return static_cast<DWORD>(message.wParam);
+}
 
 }  // namespace
 
@@ -75,9 +46,10 @@ TEST_CASE("Loading finds out about the module, the system and the user") {
 
 TEST_CASE("The library may be unloaded when nothing holds it") {
     CHECK(DllCanUnloadNow() == S_OK);
-    InterlockedIncrement(&ModuleLockCount);
-    InterlockedIncrement(&ModuleLockCount);
-    CHECK(DllCanUnloadNow() == S_FALSE);
+    for (int held = 1; held <= 2; ++held) {
+        InterlockedIncrement(&ModuleLockCount);
+        CHECK(DllCanUnloadNow() == S_FALSE);
+    }
     InterlockedDecrement(&ModuleLockCount);
     CHECK(DllCanUnloadNow() == S_FALSE);
     InterlockedDecrement(&ModuleLockCount);
@@ -87,10 +59,17 @@ TEST_CASE("The library may be unloaded when nothing holds it") {
 TEST_CASE("The uninstaller's calls ask the product's window to quit, when there is one") {
     CHECK(UninstInitialize() == 0);
     CHECK(UninstUnInitialize() == 0);
-    const ShellWindow shell;
+
+    HANDLE const ready = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+    HANDLE const shell = CreateThread(nullptr, 0, runShell, ready, 0, nullptr);
+    REQUIRE(WaitForSingleObject(ready, 10000) == WAIT_OBJECT_0);
     CHECK(UninstInitialize() == 0);
-    CHECK_FALSE(shell.endsWithin(100));
+    CHECK(WaitForSingleObject(shell, 50) == WAIT_TIMEOUT);
     CHECK(UninstUnInitialize() == 0);
-    CHECK(shell.endsWithin(5000));
-    CHECK(shell.quitCode() == 0);
+    CHECK(WaitForSingleObject(shell, 10000) == WAIT_OBJECT_0);
+    DWORD code = STILL_ACTIVE;
+    GetExitCodeThread(shell, &code);
+    CHECK(code == 0);
+    CloseHandle(shell);
+    CloseHandle(ready);
 }

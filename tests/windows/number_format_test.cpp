@@ -1,9 +1,8 @@
 // Numbers and sizes in the user's format.
 #include "ui/number_format.h"
 
-#include "module/module_state.h"
-#include "res/resource.h"
-#include "support/locale_setting_windows.h"
+#include "support/modal_windows.h"
+#include "support/test_module_windows.h"
 
 #include <doctest/doctest.h>
 
@@ -14,13 +13,28 @@ using namespace tidewell;
 
 namespace {
 
-struct ModuleState {
-    ModuleState() { InitializeModuleState(GetModuleHandleA(nullptr)); }
-};
+// The user's number format, English and changed at will for as long as the object lives.
+class Numbers : public ModuleState {
+  public:
+    Numbers() {
+        for (size_t i = 0; i < 3; ++i)
+            GetLocaleInfoA(LOCALE_USER_DEFAULT, kTypes[i], previous_[i], sizeof previous_[i]);
+        use(".", ",", "3;0");
+    }
+    ~Numbers() { use(previous_[0], previous_[1], previous_[2]); }
+    Numbers(const Numbers&) = delete;
+    Numbers& operator=(const Numbers&) = delete;
 
-INT_PTR CALLBACK doNothing(HWND, UINT, WPARAM, LPARAM) {
-    return FALSE;
-}
+    void use(const char* decimal, const char* thousands, const char* grouping) const {
+        SetLocaleInfoA(LOCALE_USER_DEFAULT, kTypes[0], decimal);
+        SetLocaleInfoA(LOCALE_USER_DEFAULT, kTypes[1], thousands);
+        SetLocaleInfoA(LOCALE_USER_DEFAULT, kTypes[2], grouping);
+    }
+
+  private:
+    static constexpr LCTYPE kTypes[] = {LOCALE_SDECIMAL, LOCALE_STHOUSAND, LOCALE_SGROUPING};
+    char previous_[3][16] = {};
+};
 
 std::string sizeText(uint64_t value, BOOL withUnit) {
     char text[128];
@@ -38,94 +52,57 @@ std::string numberText(int32_t value) {
 
 }  // namespace
 
-TEST_CASE_FIXTURE(ModuleState, "Sizes in English and in German form") {
+TEST_CASE_FIXTURE(Numbers, "A size is shown in its unit or in bytes") {
     struct {
         uint64_t value;
-        const char* english;
-        const char* englishBytes;
-        const char* german;
-        const char* germanBytes;
+        const char* withUnit;
+        const char* inBytes;
     } const rows[] = {
-        {0, "0 bytes", "0 bytes", "0 bytes", "0 bytes"},
-        {1, "1 byte", "1 byte", "1 byte", "1 byte"},
-        {2, "2 bytes", "2 bytes", "2 bytes", "2 bytes"},
-        {1000, "1,000 bytes", "1,000 bytes", "1.000 bytes", "1.000 bytes"},
-        {1001, "1.0KB", "1,001 bytes", "1,0KB", "1.001 bytes"},
-        {1024, "1KB", "1,024 bytes", "1KB", "1.024 bytes"},
-        {1076, "1.1KB", "1,076 bytes", "1,1KB", "1.076 bytes"},  // 1.05: an exact half
-        {1536, "1.5KB", "1,536 bytes", "1,5KB", "1.536 bytes"},
-        {1'048'576, "1MB", "1,048,576 bytes", "1MB", "1.048.576 bytes"},
-        {1'572'864, "1.5MB", "1,572,864 bytes", "1,5MB", "1.572.864 bytes"},
-        {3'219'456, "3.1MB", "3,219,456 bytes", "3,1MB", "3.219.456 bytes"},
-        {uint64_t{2000} << 30, "2,000GB", "2,147,483,648,000 bytes", "2.000GB", "2.147.483.648.000 bytes"},
-        {UINT64_MAX, "17,179,869,184.0GB", "18,446,744,073,709,551,615 bytes", "17.179.869.184,0GB",
-         "18.446.744.073.709.551.615 bytes"},
+        {0, "0 bytes", "0 bytes"},
+        {1, "1 byte", "1 byte"},
+        {1000, "1,000 bytes", "1,000 bytes"},
+        {1001, "1.0KB", "1,001 bytes"},
+        {1024, "1KB", "1,024 bytes"},
+        {1'572'864, "1.5MB", "1,572,864 bytes"},
+        {UINT64_MAX, "17,179,869,184.0GB", "18,446,744,073,709,551,615 bytes"},
     };
     for (const auto& row : rows) {
-        CAPTURE(row.value);
-        {
-            const EnglishNumbers english;
-            CHECK(sizeText(row.value, TRUE) == row.english);
-            CHECK(sizeText(row.value, FALSE) == row.englishBytes);
-        }
-        const GermanNumbers german;
-        CHECK(sizeText(row.value, TRUE) == row.german);
-        CHECK(sizeText(row.value, FALSE) == row.germanBytes);
+        CHECK(sizeText(row.value, TRUE) == row.withUnit);
+        CHECK(sizeText(row.value, FALSE) == row.inBytes);
     }
-}
-
-TEST_CASE_FIXTURE(ModuleState, "A size that does not fit tells what it needs and writes nothing") {
-    const EnglishNumbers english;
     char text[16] = "untouched";
-    CHECK(FormatSize(1536, nullptr, 0, TRUE) == 6);
     CHECK(FormatSize(1536, nullptr, 100, TRUE) == 6);
     CHECK(FormatSize(1536, text, 5, TRUE) == 6);
     CHECK(std::string(text) == "untouched");
     CHECK(FormatSize(1536, text, 6, TRUE) == 5);
     CHECK(std::string(text) == "1.5KB");
-}
-
-TEST_CASE_FIXTURE(ModuleState, "Without its units a size is shown as its digits") {
+    // Without the names of its units.
     ResourceModule = GetModuleHandleA("kernel32.dll");
     CHECK(sizeText(1'572'864, TRUE) == "1572864");
     CHECK(FormatSize(1'572'864, nullptr, 0, FALSE) == 8);
 }
 
-TEST_CASE_FIXTURE(ModuleState, "Numbers follow the user's separators, grouping and sign") {
-    {
-        const EnglishNumbers english;
-        CHECK(numberText(0) == "0");
-        CHECK(numberText(999) == "999");
-        CHECK(numberText(1'234'567) == "1,234,567");
-        CHECK(numberText(INT32_MIN) == "-2,147,483,648");
-        char tiny[4];
-        CHECK(FormatNumber(12345, tiny, sizeof tiny) == 0);
-    }
-    const GermanNumbers german;
+TEST_CASE_FIXTURE(Numbers, "Numbers follow the user's separators, grouping and sign") {
+    CHECK(numberText(0) == "0");
+    CHECK(numberText(999) == "999");
+    CHECK(numberText(INT32_MIN) == "-2,147,483,648");
+    char tiny[4];
+    CHECK(FormatNumber(12345, tiny, sizeof tiny) == 0);
+    use(",", ".", "3;0");
     CHECK(numberText(1'234'567) == "1.234.567");
-    const LocaleSetting ungrouped(LOCALE_SGROUPING, "0;0");
+    CHECK(sizeText(UINT64_MAX, TRUE) == "17.179.869.184,0GB");
+    CHECK(sizeText(1'572'864, FALSE) == "1.572.864 bytes");
+    use(",", ".", "0;0");
     CHECK(numberText(1'234'567) == "1234567");
 }
 
-TEST_CASE_FIXTURE(ModuleState, "A control shows a size in both forms where they differ") {
-    const EnglishNumbers english;
-    HWND const window =
-        CreateDialogParamA(ModuleInstance, MAKEINTRESOURCEA(IDD_VIEWER), nullptr, doNothing, 0);
-    REQUIRE(window != nullptr);
-    struct {
-        uint64_t value;
-        const char* expected;
-    } const rows[] = {
-        {1'572'864, "1.5MB (1,572,864 bytes)"},
-        {512, "512 bytes"},
-        {UINT64_MAX, "17,179,869,184.0GB (18,446,744,073,709,551,615 bytes)"},
-    };
-    for (const auto& row : rows) {
-        CHECK(SetDlgItemSize(window, IDC_VIEWER_SIZE, row.value));
-        char text[200];
-        GetDlgItemTextA(window, IDC_VIEWER_SIZE, text, sizeof text);
-        CHECK(std::string(text) == row.expected);
-    }
-    CHECK_FALSE(SetDlgItemSize(window, 999, 1));
-    DestroyWindow(window);
+TEST_CASE_FIXTURE(Numbers, "A control shows a size in both forms where they differ") {
+    const TestWindow window("dialog");
+    HWND const label = CreateWindowExA(0, "STATIC", "", WS_CHILD, 0, 0, 50, 50, window,
+                                       reinterpret_cast<HMENU>(UINT_PTR{7}), nullptr, nullptr);
+    CHECK(SetDlgItemSize(window, 7, 512));
+    CHECK(windowText(label) == "512 bytes");
+    CHECK(SetDlgItemSize(window, 7, UINT64_MAX));
+    CHECK(windowText(label) == "17,179,869,184.0GB (18,446,744,073,709,551,615 bytes)");
+    CHECK_FALSE(SetDlgItemSize(window, 8, 1));
 }

@@ -1,44 +1,29 @@
 // Where windows come up.
 #include "ui/place_window.h"
 
+#include "support/modal_windows.h"
+
 #include <doctest/doctest.h>
 
 using namespace tidewell;
 
 namespace {
 
-class Window {
-  public:
+struct Window : TestWindow {
     Window(HWND owner, int x, int y, int width, int height)
-        : window_(CreateWindowExA(0, "STATIC", "placed", WS_POPUP | WS_CAPTION, x, y, width, height, owner,
-                                  nullptr, nullptr, nullptr)) {
-        REQUIRE(window_ != nullptr);
-    }
-    ~Window() { DestroyWindow(window_); }
-    Window(const Window&) = delete;
-    Window& operator=(const Window&) = delete;
-
-    operator HWND() const { return window_; }
+        : TestWindow(CreateWindowExA(0, "STATIC", "placed", WS_POPUP | WS_CAPTION, x, y, width, height, owner,
+                                     nullptr, nullptr, nullptr)) {}
     RECT frame() const {
         RECT frame = {};
-        GetWindowRect(window_, &frame);
+        GetWindowRect(*this, &frame);
         return frame;
     }
     POINT client() const {
         POINT origin = {0, 0};
-        ClientToScreen(window_, &origin);
+        ClientToScreen(*this, &origin);
         return origin;
     }
-
-  private:
-    HWND window_;
 };
-
-RECT desktop() {
-    RECT place = {};
-    GetWindowRect(GetDesktopWindow(), &place);
-    return place;
-}
 
 }  // namespace
 
@@ -58,24 +43,25 @@ TEST_CASE("A window comes up inside its owner, the next ones a caption further")
     }
 }
 
-TEST_CASE("A window without an owner comes up near the desktop's corner") {
-    const Window window(nullptr, 0, 0, 150, 90);
-    PlaceWindow(window, 0);
-    CHECK(window.frame().left == desktop().right / 10);
-    CHECK(window.frame().top == desktop().bottom / 10);
-    CHECK_FALSE(IsWindowVisible(window));
-}
+TEST_CASE(
+    "A window without an owner comes up near the corner; none leaves the screen to the right or below") {
+    RECT desktop = {};
+    GetWindowRect(GetDesktopWindow(), &desktop);
+    const Window alone(nullptr, 0, 0, 150, 90);
+    PlaceWindow(alone, 0);
+    CHECK(alone.frame().left == desktop.right / 10);
+    CHECK(alone.frame().top == desktop.bottom / 10);
+    CHECK_FALSE(IsWindowVisible(alone));
 
-TEST_CASE("A window stays within the screen's right and bottom edges, but may stick out of the others") {
-    const Window owner(nullptr, desktop().right - 60, desktop().bottom - 50, 50, 40);
-    const Window window(owner, 0, 0, 150, 90);
+    const Window inCorner(nullptr, desktop.right - 60, desktop.bottom - 50, 50, 40);
+    const Window window(inCorner, 0, 0, 150, 90);
     PlaceWindow(window, 2);
-    CHECK(window.frame().right == desktop().right);
-    CHECK(window.frame().bottom == desktop().bottom);
+    CHECK(window.frame().right == desktop.right);
+    CHECK(window.frame().bottom == desktop.bottom);
 
-    const Window left(nullptr, -300, -200, 50, 40);
-    const Window child(left, 0, 0, 150, 90);
+    const Window outside(nullptr, -300, -200, 50, 40);
+    const Window child(outside, 0, 0, 150, 90);
     PlaceWindow(child, 0);
-    CHECK(child.frame().left == left.client().x + 30);
-    CHECK(child.frame().top == left.client().y + 35);
+    CHECK(child.frame().left == outside.client().x + 30);
+    CHECK(child.frame().top == outside.client().y + 35);
 }

@@ -2,6 +2,7 @@
 #include "ui/pump_messages.h"
 
 #include "res/resource.h"
+#include "support/modal_windows.h"
 
 #include <doctest/doctest.h>
 
@@ -16,16 +17,6 @@ INT_PTR CALLBACK countCommands(HWND, UINT message, WPARAM wParam, LPARAM) {
     return FALSE;
 }
 
-struct Dialog {
-    HWND window = CreateDialogParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_CONFIRM_REPLACE),
-                                     nullptr, countCommands, 0);
-    Dialog() {
-        REQUIRE(window != nullptr);
-        commands = 0;
-    }
-    ~Dialog() { DestroyWindow(window); }
-};
-
 bool anyMessageWaits() {
     MSG message;
     return PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE) != FALSE;
@@ -33,27 +24,26 @@ bool anyMessageWaits() {
 
 }  // namespace
 
-TEST_CASE_FIXTURE(Dialog, "Every waiting message is handled, the dialog's keys too") {
-    HWND const other = CreateWindowExA(0, "BUTTON", "other", WS_POPUP | BS_CHECKBOX, 0, 0, 50, 50, nullptr,
-                                       nullptr, nullptr, nullptr);
-    PostMessageA(window, WM_KEYDOWN, VK_ESCAPE, 0);
-    PostMessageA(other, BM_SETCHECK, BST_CHECKED, 0);
-    PumpMessages(window);
+TEST_CASE("Every waiting message is handled, the dialog's keys too; a request to quit stays for the thread") {
+    commands = 0;
+    const TestWindow dialog(CreateDialogParamA(
+        GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_CONFIRM_REPLACE), nullptr, countCommands, 0));
+    const TestWindow other("other");
+    PostMessageA(dialog, WM_KEYDOWN, VK_ESCAPE, 0);
+    PostMessageA(other, WM_CLOSE, 0, 0);
+    PumpMessages(dialog);
     CHECK(commands == 1);
     CHECK_FALSE(anyMessageWaits());
-    CHECK(SendMessageA(other, BM_GETCHECK, 0, 0) == BST_CHECKED);
+    CHECK_FALSE(IsWindow(other));
 
     // Without a dialog its keys are plain keys.
-    PostMessageA(window, WM_KEYDOWN, VK_ESCAPE, 0);
+    PostMessageA(dialog, WM_KEYDOWN, VK_ESCAPE, 0);
     PumpMessages(nullptr);
     CHECK(commands == 1);
     CHECK_FALSE(anyMessageWaits());
-    DestroyWindow(other);
-}
 
-TEST_CASE_FIXTURE(Dialog, "A request to quit stays for the thread's own loop") {
     PostQuitMessage(42);
-    PumpMessages(window);
+    PumpMessages(dialog);
     MSG message;
     CHECK(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     CHECK(message.message == WM_QUIT);

@@ -1,102 +1,66 @@
 // Strings, and texts of windows made from them.
 #include "ui/strings.h"
 
-#include "module/module_state.h"
 #include "res/resource.h"
+#include "support/modal_windows.h"
+#include "support/test_module_windows.h"
 
 #include <doctest/doctest.h>
 
 #include <string>
-#include <vector>
 
 using namespace tidewell;
 
 namespace {
-
-struct ModuleState {
-    ModuleState() { InitializeModuleState(GetModuleHandleA(nullptr)); }
-};
 
 std::string stringOf(UINT id) {
     const LocalText text(LoadStringAlloc(ResourceModule, id));
     return text ? text.get() : "(none)";
 }
 
-std::vector<std::string> listOf(UINT id) {
-    const LocalText list(LoadStringList(id));
-    REQUIRE(list);
-    std::vector<std::string> entries;
-    for (const char* entry = list.get(); *entry; entry += entries.back().size() + 1)
-        entries.emplace_back(entry);
-    return entries;
-}
-
-// A label in a window, which finds it by its number.
-class Label {
-  public:
-    explicit Label(const char* text)
-        : window_(
-              CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 50, 50, nullptr, nullptr, nullptr, nullptr)),
-          label_(CreateWindowExA(0, "STATIC", text, WS_CHILD, 0, 0, 50, 50, window_,
-                                 reinterpret_cast<HMENU>(UINT_PTR{7}), nullptr, nullptr)) {}
-    ~Label() { DestroyWindow(window_); }
-    Label(const Label&) = delete;
-    Label& operator=(const Label&) = delete;
-
-    HWND window() const { return window_; }
-    HWND label() const { return label_; }
-    std::string text() const {
-        char text[2000];
-        GetWindowTextA(label_, text, sizeof text);
-        return text;
-    }
-
-  private:
-    HWND window_;
-    HWND label_;
+// A label in a window, which finds it by the number 7.
+struct LabelWindow : TestWindow {
+    explicit LabelWindow(const char* text)
+        : TestWindow("window"),
+          label(CreateWindowExA(0, "STATIC", text, WS_CHILD, 0, 0, 50, 50, *this,
+                                reinterpret_cast<HMENU>(UINT_PTR{7}), nullptr, nullptr)) {}
+    HWND const label;
 };
 
 }  // namespace
 
-TEST_CASE_FIXTURE(ModuleState, "Strings come whole, missing ones not at all") {
+TEST_CASE_FIXTURE(ModuleState, "Strings come whole or split at their bars, missing ones not at all") {
     CHECK(stringOf(IDS_TITLE) == "Tidewell 98");
     CHECK(stringOf(10) == "(none)");
     CHECK(stringOf(60000) == "(none)");
-    CHECK(stringOf(IDS_SIZE_UNITS) == " byte| bytes|KB|KB|MB|MB|GB|GB");
+    CHECK(stringOf(IDS_RESOURCE_FILTER) == "Binary Resource Data|*.*|Hex Resource Data (*.txt)|*.txt||");
+    const LocalText list(LoadStringList(IDS_SIZE_UNITS));
+    const char split[] = " byte\0 bytes\0KB\0KB\0MB\0MB\0GB\0GB\0";
+    CHECK(std::string(list.get(), sizeof split) == std::string(split, sizeof split));
+    CHECK(LoadStringList(10) == nullptr);
     CHECK(stringOf(2004) == "3\xBD floppy formatting code");
     CHECK(stringOf(2047) == "PostScript\xAE resource");
     CHECK(stringOf(2033) == "Large (32 x 32) black & white icon with mask");
 }
 
-TEST_CASE_FIXTURE(ModuleState, "A list is split at its bars") {
-    CHECK(listOf(IDS_SIZE_UNITS) ==
-          std::vector<std::string>{" byte", " bytes", "KB", "KB", "MB", "MB", "GB", "GB"});
-    CHECK(listOf(IDS_RESOURCE_FILTER) ==
-          std::vector<std::string>{"Binary Resource Data", "*.*", "Hex Resource Data (*.txt)", "*.txt"});
-    CHECK(LoadStringList(10) == nullptr);
-}
+TEST_CASE_FIXTURE(ModuleState,
+                  "Texts of windows are set from strings, and their inserts are replaced, once") {
+    const LabelWindow window("'%1' in %2!C!: %3!d! times");
+    CHECK(FormatWindowText(window, 7, "100%1 & more", 'A', -5));
+    CHECK(windowText(window.label) == "'100%1 & more' in A: -5 times");
+    CHECK(SetWindowTextFromString(window.label, IDS_VERIFYING));
+    CHECK(windowText(window.label) == "Verifying...");
+    CHECK(SetDlgItemTextFromString(window, 7, IDS_CLOSE));
+    CHECK_FALSE(SetWindowTextFromString(window.label, 10));
+    CHECK_FALSE(SetDlgItemTextFromString(window, 7, 10));
+    CHECK_FALSE(SetDlgItemTextFromString(window, 8, IDS_CLOSE));
+    CHECK_FALSE(FormatWindowText(window, 8, "x"));
+    CHECK(windowText(window.label) == "&Close");
 
-TEST_CASE_FIXTURE(ModuleState, "Strings are set as texts of windows and controls") {
-    const Label label("old");
-    CHECK(SetWindowTextFromString(label.label(), IDS_VERIFYING));
-    CHECK(label.text() == "Verifying...");
-    CHECK(SetDlgItemTextFromString(label.window(), 7, IDS_CLOSE));
-    CHECK(label.text() == "&Close");
-    CHECK_FALSE(SetWindowTextFromString(label.label(), 10));
-    CHECK_FALSE(SetDlgItemTextFromString(label.window(), 7, 10));
-    CHECK(label.text() == "&Close");
-    CHECK_FALSE(SetDlgItemTextFromString(label.window(), 8, IDS_CLOSE));
-}
-
-TEST_CASE_FIXTURE(ModuleState, "The inserts in a control's text are replaced, once") {
-    const Label label("'%1' in %2!C!: %3!d! times");
-    CHECK(FormatWindowText(label.window(), 7, "100%1 & more", 'A', -5));
-    CHECK(label.text() == "'100%1 & more' in A: -5 times");
-    const Label longOne("'%1'");
+    const LabelWindow longOne("'%1'");
     const std::string name(1500, 'n');
-    CHECK(FormatWindowText(longOne.window(), 7, name.c_str()));
-    CHECK(longOne.text() == "'" + name + "'");
-    CHECK_FALSE(FormatWindowText(longOne.window(), 8, "x"));
+    CHECK(FormatWindowText(longOne, 7, name.c_str()));
+    CHECK(windowText(longOne.label) == "'" + name + "'");
 }
 
 // The product has no string this long, another language may.

@@ -1,0 +1,35 @@
+// The library as tests have it: built into the test program, and built as libraries beside it.
+#ifndef TIDEWELL_TESTS_SUPPORT_TEST_MODULE_H
+#define TIDEWELL_TESTS_SUPPORT_TEST_MODULE_H
+
+#include "module/module_state.h"
+
+#include <map>
+#include <string>
+
+// The module state of the program that has the library's code and resources in it.
+struct ModuleState {
+    ModuleState() { tidewell::InitializeModuleState(GetModuleHandleA(nullptr)); }
+};
+
+// The path of a file that is beside the program.
+std::string besideProgram(const char* name);
+
+// A library built with the program.
+class LoadedLibrary {
+  public:
+    explicit LoadedLibrary(const char* name = "TIDEWELL.DLL");
+    ~LoadedLibrary() { FreeLibrary(module_); }
+    LoadedLibrary(const LoadedLibrary&) = delete;
+    LoadedLibrary& operator=(const LoadedLibrary&) = delete;
+    operator HMODULE() const { return module_; }
+
+  private:
+    HMODULE module_;
+};
+
+// The messages of a module by their identifiers; unformatted, with the inserts. Characters beyond Latin-1 are
+// not told apart.
+std::map<DWORD, std::string> messagesOf(HMODULE module);
+
+#endif
