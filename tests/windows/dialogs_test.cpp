@@ -32,7 +32,7 @@ const Template kTemplates[] = {
      "Tidewell 98 Copy Disk? [1057] []Copy from: [1001] []Copy to: [1003] "
      "[1022]&Format destination disk before copying [1004] [1018] [1000]&Start [2]&Close [1055]&Help"},
     {IDD_VIEWER, "VIEWER",
-     "Tidewell 98 Resource Viewer? [1000] [1003-]&View... [1001-]&Save As... [1]&Close [1054]&Help [1071] "
+     "Tidewell 98 Resource Viewer? [1000] [1003-]&View... [1001]&Save As... [1]&Close [1054]&Help [1071] "
      "[1045-]Type: [1039] [1046-]Size: [1038] [1047-]Attributes: "
      "[1041-]System Heap [1040-]Purgeable [1042-]Locked [1043-]Protected [1044-]Preload"},
     {IDD_CONTENTS, "CONTENTS", "Resource Contents [1010] [1011] [1049!+] [1]&Close"},

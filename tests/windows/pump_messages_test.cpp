@@ -42,8 +42,11 @@ TEST_CASE("Every waiting message is handled, the dialog's keys too; a request to
     CHECK(commands == 1);
     CHECK_FALSE(anyMessageWaits());
 
+    // It comes before keys, which must work all the same.
     PostQuitMessage(42);
+    PostMessageA(dialog, WM_KEYDOWN, VK_ESCAPE, 0);
     PumpMessages(dialog);
+    CHECK(commands == 2);
     MSG message;
     CHECK(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     CHECK(message.message == WM_QUIT);
