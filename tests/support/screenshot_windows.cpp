@@ -8,6 +8,7 @@
 
 void takeScreenshot(HWND window, const char* name) {
     if (!kHasDisplay) return;
+    SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     // What is painted comes to the screen when the thread finds no message.
     MSG message;
