@@ -15,6 +15,8 @@ function(tidewell_add_test_program name)
   # Tests that need files make them where they are started.
   file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/testdata)
   add_test(NAME ${name} COMMAND ${name} --no-colors WORKING_DIRECTORY ${PROJECT_BINARY_DIR}/testdata)
+  # A program in which no test ran has failed: nothing was tested.
+  set_tests_properties(${name} PROPERTIES FAIL_REGULAR_EXPRESSION "test cases: +0 ")
 endfunction()
 
 if(TIDEWELL_TEST_SOURCES)

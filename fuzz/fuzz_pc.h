@@ -1,38 +1,28 @@
-// The PC that a fuzzer works on, and what must be true of it after every run. It is kept across runs; its
-// volumes are in a folder in memory where the host has one.
+// The PC that a run of a fuzzer works on, and what must be true of it.
 #ifndef TIDEWELL_FUZZ_FUZZ_PC_H
 #define TIDEWELL_FUZZ_FUZZ_PC_H
 
-#include "pc/pc.h"
+#include "support/test_pc.h"
 
-#include <cstddef>
-#include <cstdint>
-#include <filesystem>
+#include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <string_view>
-#include <vector>
 
-// S: holds sources; F: is FAT, N: NTFS, M: a Mac volume.
-class FuzzPc : public pc::Pc {
-  public:
-    FuzzPc();
-    ~FuzzPc();
-
-    // Empties the drives, and forgets what their volumes knew.
-    void clear();
-
-    std::string hostPath(char drive, std::string_view name) const;
-    void write(char drive, std::string_view name, std::string_view bytes) const;
-    std::string read(char drive, std::string_view name) const;
-    // Sorted.
-    std::vector<std::string> names(char drive) const;
-
-  private:
-    std::filesystem::path root_;
+// With a drive S: of its own for sources, FAT as F: is.
+struct FuzzPc : TestPc {
+    FuzzPc() {
+        folder().makeFolder("S");
+        addDrive('S', DRIVE_FIXED, pc::makeFatVolume(hostFolder('S')));
+    }
 };
 
 // Ends the fuzzer with the message when the condition does not hold.
-void mustBe(bool condition, const char* message);
+inline void mustBe(bool condition, const char* message) {
+    if (condition) return;
+    std::fprintf(stderr, "%s\n%s", message, pc::Pc::current()->journal().text().c_str());
+    std::abort();
+}
 
 inline std::string_view textOf(const uint8_t* bytes, size_t size) {
     return {reinterpret_cast<const char*>(bytes), size};

@@ -7,24 +7,22 @@ mac_file binhex Zwei 300 20 TEXT ttxt 0 >two.hqx
 mac_file macbinary 2 $'Caf\x8e / \xc4' 10 0 TEXT ttxt 0 >odd.bin
 mkdir out
 run extract -o out one.bin two.hqx odd.bin
-same "batch" $'extracted one.bin -> out/Eins\nextracted two.hqx -> out/Zwei\nextracted odd.bin -> out/Café : ƒ' "$out"
-same "batch: status" 0 "$status"
+expect "batch" 0 $'extracted one.bin -> out/Eins\nextracted two.hqx -> out/Zwei\nextracted odd.bin -> out/Café : ƒ'
 [ -e "out/Café : ƒ" ] && [ -e out/._Eins ] || fail "batch: $(ls -A out)"
 
 # Replacing.
 echo old >out/Eins
 run extract -o out one.bin
-same "exists: status" 1 "$status"
-[[ $messages == "tidewell: one.bin: error 80: out/Eins exists"* ]] || fail "exists: $messages"
+expect "exists" 1 "" "tidewell: one.bin: error 80: out/Eins exists*"
 run extract --replace=no -o out one.bin
-same "kept: status" 0 "$status"
-same "kept" "old" "$(cat out/Eins)"
+same "kept" "0 old" "$status $(cat out/Eins)"
 run extract --replace=yes -o out one.bin
 same "replaced: size" 300 "$(stat -c %s out/Eins)"
 cp one.bin again.bin
 rm -rf out/*
 run extract --replace=yes -o out one.bin again.bin
-[[ $messages == "tidewell: again.bin: error 32: out/Eins was written a moment ago"* ]] || fail "same name: $messages"
+expect "same name" 1 "extracted one.bin -> out/Eins" \
+    "tidewell: again.bin: error 32: out/Eins was written a moment ago*"
 
 # A Mac file never takes the place of what it comes from, nor of another source.
 mac_file macbinary 2 two.hqx 10 10 TEXT ttxt 0 >trap.bin
@@ -34,34 +32,24 @@ run extract --replace=yes trap.bin two.hqx
 same_bytes "another source" two.hqx before
 
 # Damage: its code, and nothing left.
-error() {
-    rm -rf out && mkdir out
-    run extract -o out "$2"
-    same "$2: status" 1 "$status"
-    [[ $messages == "tidewell: $2: error $1: "* ]] || fail "$2: expected error $1, got $messages"
-    [ -z "$(ls -A out)" ] || fail "$2: left behind $(ls -A out)"
-}
 head -c 500 one.bin >short.bin
-error 38 short.bin
 tr T U <one.bin >damaged.bin
-error 23 damaged.bin
 head -c 300 two.hqx >short.hqx
-error 38 short.hqx
 echo text >none.hqx
-error 13 none.hqx
 cp one.bin one.txt
-error 13 one.txt
-error 2 missing.bin
 : >empty.bin
-error 38 empty.bin
 : >empty.hqx
-error 13 empty.hqx
-# Names that would leave the folder, or reach what belongs to other files.
-for name in .. . ._one /; do
-    mac_file macbinary 2 "$name" 10 10 TEXT ttxt 0 >hostile.bin || true
+for bad in "38 short.bin" "23 damaged.bin" "38 short.hqx" "13 none.hqx" "13 one.txt" "2 missing.bin" \
+    "38 empty.bin" "13 empty.hqx"; do
+    rm -rf out && mkdir out
+    run extract -o out "${bad#* }"
+    expect "$bad" 1 "" "tidewell: ${bad#* }: error ${bad% *}: *"
+    [ -z "$(ls -A out)" ] || fail "$bad: left behind $(ls -A out)"
 done
-rm -rf jail && mkdir -p jail/in
-for name in '..' '.' '._x' ':' ; do
+
+# Names that would leave the folder, or reach what belongs to other files.
+mkdir -p jail/in
+for name in '..' '.' '._x' ':' '/' '../x'; do
     perl -e 'my ($n) = @ARGV; print pack("CCa63a4a4", 0, length $n, $n, "TEXT", "ttxt"), "\0" x 55' "$name" >hostile.bin
     run extract -o jail/in hostile.bin
 done

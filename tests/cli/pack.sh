@@ -2,13 +2,9 @@
 # The command as its users meet it: lines, errors, exit status, replacing.
 . "$(dirname "$0")/support.bash"
 
-run
-same "no command: status" 2 "$status"
-for wrong in "unpack" "pack" "pack -oout x" "pack --replace=maybe x" "pack -o" "pack --fast x" "--fast"; do
+for wrong in "" "unpack" "pack" "pack -oout x" "pack --replace=maybe x" "pack -o" "pack --fast x" "--fast"; do
     run $wrong
-    same "$wrong: status" 2 "$status"
-    same "$wrong: output" "" "$out"
-    [[ $messages == *usage:* ]] || fail "$wrong: no usage: $messages"
+    expect "'$wrong'" 2 "" "*usage:*"
 done
 run --help
 same "help: status" 0 "$status"
@@ -20,88 +16,66 @@ mac_file make Read.Me 1000 500 TEXT ttxt 0100
 mac_file make Notes 2000 0 TEXT ttxt 0100
 mkdir -p out
 run pack -o out Read.Me ./Notes
-same "two files" $'packed Read.Me -> out/Read.bin\npacked ./Notes -> out/Notes.bin' "$out"
-same "two files: messages" "" "$messages"
-same "two files: status" 0 "$status"
+expect "two files" 0 $'packed Read.Me -> out/Read.bin\npacked ./Notes -> out/Notes.bin'
 cp Notes before
 run pack Notes
-same "the current folder" "packed Notes -> Notes.bin" "$out"
+expect "the current folder" 0 "packed Notes -> Notes.bin"
 same_bytes "the source is only read" Notes before
 
 # Replacing. Without a terminal nobody can be asked.
 mac_file make Notes 2500 0 TEXT ttxt 0100
 cp Notes.bin old.bin
 run pack Notes
-same "exists: status" 1 "$status"
-[[ $messages == "tidewell: Notes: error 80: "* ]] || fail "exists: $messages"
+expect "exists" 1 "" "tidewell: Notes: error 80: *"
 run pack --replace=no Notes Read.Me
-same "kept: status" 0 "$status"
-same "kept" "packed Read.Me -> Read.bin" "$out"
+expect "kept" 0 "packed Read.Me -> Read.bin" "*"
 same_bytes "kept" Notes.bin old.bin
 run pack --replace=yes Notes
-same "replaced" "packed Notes -> Notes.bin" "$out"
+expect "replaced" 0 "packed Notes -> Notes.bin"
 same "replaced: size" 2688 "$(stat -c %s Notes.bin)"
-mac_file make Read.Too 10 10 TEXT ttxt 0
 mkdir sub
 mac_file make sub/Notes 10 10 TEXT ttxt 0
 rm -f Notes.bin
 run pack --replace=yes Notes sub/Notes
-same "an output of this run is not replaced: status" 1 "$status"
-same "an output of this run is not replaced" "packed Notes -> Notes.bin" "$out"
-[[ $messages == "tidewell: sub/Notes: error 32: "*"written a moment ago"* ]] || fail "an output of this run: $messages"
+expect "an output of this run is not replaced" 1 "packed Notes -> Notes.bin" \
+    "tidewell: sub/Notes: error 32: *written a moment ago*"
 
 # Bad input: an error each, the others done, nothing left behind.
-error() {
-    local code=$1
-    shift
-    run pack --replace=yes -o out "$@"
-    same "$*: status" 1 "$status"
-    [[ $messages == "tidewell: "*": error $code: "?* ]] || fail "$*: expected error $code, got: $messages"
-}
 rm -rf out && mkdir out
-error 2 missing
-error 3 missing/file
-error 5 sub
-error 206 "$(printf 'x%.0s' {1..240})"
 mkfifo pipe
-error 5 pipe
 head -c 20 ._Read.Me >short && mv short ._Read.Me && cp ._Read.Me damaged
-error 1392 Read.Me
+long=$(printf 'x%.0s' {1..240})
+for bad in "2 missing" "3 missing/file" "5 sub" "206 $long" "5 pipe" "1392 Read.Me"; do
+    run pack --replace=yes -o out "${bad#* }"
+    expect "$bad" 1 "" "tidewell: ${bad#* }: error ${bad%% *}: ?*"
+done
 same_bytes "a damaged AppleDouble file is left alone" ._Read.Me damaged
 [ -z "$(ls -A out)" ] || fail "left behind: $(ls -A out)"
-error 2 missing Notes
-same "the others are done" "packed Notes -> out/Notes.bin" "$out"
+run pack --replace=yes -o out missing Notes
+expect "the others are done" 1 "packed Notes -> out/Notes.bin" "tidewell: missing: error 2: *"
 run pack -o nowhere Notes
-same "no folder: status" 1 "$status"
-[[ $messages == "tidewell: nowhere: error 2: "* ]] || fail "no folder: $messages"
+expect "no folder" 1 "" "tidewell: nowhere: error 2: *"
 run pack -o Notes Notes
-[[ $messages == "tidewell: Notes: error 161: "* ]] || fail "not a folder: $messages"
+expect "not a folder" 1 "" "tidewell: Notes: error 161: *"
 
-# The output is the source itself, by its name and by a link.
+# The output is the source itself, its AppleDouble file, or another source, by its name or by a link.
 mac_file make self.bin 3000 100 TEXT ttxt 0
-cp self.bin before
-run pack --replace=yes self.bin
-[[ $messages == "tidewell: self.bin: error 32: "* ]] || fail "itself: $messages"
-ln self.bin out/self.bin
-run pack --replace=yes -o out self.bin
-[[ $messages == "tidewell: self.bin: error 32: "* ]] || fail "itself by a link: $messages"
-ln -sf ../self.bin out/self.bin
-run pack --replace=yes -o out self.bin
-[[ $messages == "tidewell: self.bin: error 32: "* ]] || fail "itself by a symbolic link: $messages"
-same_bytes "the source is whole" self.bin before
-
-# Neither the AppleDouble file of a source nor another source is ever an output.
-cp ._self.bin before
-ln -sf ../._self.bin out/self.bin
-run pack --replace=yes -o out self.bin
-same "its AppleDouble file by a link: status" 1 "$status"
-same_bytes "the AppleDouble file is whole" ._self.bin before
-rm out/self.bin
 mac_file make self 10 10 TEXT ttxt 0
 cp self.bin before
+cp ._self.bin before.double
+run pack --replace=yes self.bin
+expect "itself" 1 "" "tidewell: self.bin: error 32: *"
+for link in "ln self.bin" "ln -sf ../self.bin" "ln -sf ../._self.bin"; do
+    $link out/self.bin
+    run pack --replace=yes -o out self.bin
+    expect "$link" 1 "" "tidewell: self.bin: error *"
+    [[ $link == *._* || $messages == *"error 32: "* ]] || fail "$link: $messages"
+done
+rm out/self.bin
 run pack --replace=yes self self.bin
-[[ $messages == "tidewell: self: error 32: "*"tidewell: self.bin: error 32: "* ]] || fail "another source: $messages"
-same_bytes "another source is whole" self.bin before
+expect "another source" 1 "" "tidewell: self: error 32: *tidewell: self.bin: error 32: *"
+same_bytes "the source is whole" self.bin before
+same_bytes "the AppleDouble file is whole" ._self.bin before.double
 
 # An output that nobody takes is no success.
 run_status=0
@@ -117,28 +91,22 @@ done
 [ -e 'out/trail .bin' ] && [ -e 'out/a:b.bin' ] && [ -e 'out/a\b.bin' ] && [ -e 'out/:.bin' ] || fail "odd names: $(ls out)"
 same "a colon is a slash on the Mac" a/b "$(dd if='out/a:b.bin' bs=1 skip=2 count=3 status=none)"
 
-# A write that fails half-way: a limit on the size of files stands in for a full disk.
+# A write that fails half-way: a limit on the size of files stands in for a full disk. What an output replaces
+# is there until all of the output is; what lies beside it is left alone.
 mkdir small
 mac_file make Large 3000000 10 TEXT ttxt 0
-(
-    trap '' XFSZ
-    ulimit -f 1000
-    run pack -o small Large
-    same "half-way: status" 1 "$status"
-    [[ $messages == "tidewell: Large: error 223: "* ]] || fail "half-way: $messages"
-)
-[ -z "$(ls -A small)" ] || fail "half-way: left behind $(ls -A small)"
-
-# What an output replaces is there until all of the output is; what lies beside it is left alone.
-echo old >small/Large.bin
-echo notes >small/._Large.bin
-(
+half_way() (
     trap '' XFSZ
     ulimit -f 1000
     run pack --replace=yes -o small Large
-    same "replaced half-way: status" 1 "$status"
+    expect "half-way" 1 "" "tidewell: Large: error 223: *"
 )
-same "replaced half-way" "old notes" "$(cat small/Large.bin small/._Large.bin | tr '\n' ' ' | sed 's/ $//')"
+half_way
+[ -z "$(ls -A small)" ] || fail "half-way: left behind $(ls -A small)"
+echo old >small/Large.bin
+echo notes >small/._Large.bin
+half_way
+same "replaced half-way" "old notes" "$(echo $(cat small/Large.bin small/._Large.bin))"
 mkdir target
 echo other >target/file
 ln -sf ../target/file small/Large.bin

@@ -31,3 +31,11 @@ run() {
     messages=$(cat messages)
     rm messages
 }
+
+# expect WHAT STATUS OUTPUT [MESSAGES]: what the last run gave. MESSAGES is a pattern, by default none.
+expect() {
+    same "$1: status" "$2" "$status"
+    same "$1: output" "$3" "$out"
+    # shellcheck disable=SC2053
+    [[ $messages == ${4-} ]] || fail "$1: expected '${4-}', got '$messages'"
+}

@@ -1,12 +1,11 @@
 #include "convert/create_macbinary.h"
 
-#include "support/scripted_progress_display.h"
-#include "support/test_pc.h"
-#include "ui/progress.h"
+#include "convert/macbinary_header.h"
+#include "macfile/fork_paths.h"
+#include "support/archive_writer.h"
 
 #include <doctest/doctest.h>
 
-#include <cstring>
 #include <filesystem>
 
 using namespace tidewell;
@@ -16,75 +15,57 @@ namespace {
 constexpr char kOutput[] = "F:\\out.bin";
 
 ErrorCode createFrom(const std::string& source, const std::string& output = kOutput) {
-    return CreateMacBinaryFile(nullptr, source.c_str(), output.c_str(), nullptr);
-}
-
-size_t padded(size_t length) {
-    return (length + 127) / 128 * 128;
-}
-
-// The forks stand where they belong, with zeros between.
-void checkForks(const Bytes& packed, const MacFile& file) {
-    const size_t resourceAt = 128 + padded(file.data.size());
-    REQUIRE(packed.size() == resourceAt + padded(file.resource.size()));
-    Bytes expected(packed.begin(), packed.begin() + 128);
-    CHECK(expected[126] == 0);
-    CHECK(expected[127] == 0);
-    expected.insert(expected.end(), file.data.begin(), file.data.end());
-    expected.resize(resourceAt);
-    expected.insert(expected.end(), file.resource.begin(), file.resource.end());
-    expected.resize(packed.size());
-    CHECK(packed == expected);
+    ProgressDialog* none = nullptr;
+    return CreateMacBinaryFile(nullptr, source.c_str(), output.c_str(), &none);
 }
 
 }  // namespace
 
-TEST_CASE("Forks of every length at a boundary are packed") {
-    constexpr size_t kLengths[] = {0, 1, 127, 128, 129, 65535, 65536, 65537, 300000};
+TEST_CASE("Forks of every length at a boundary are packed, with name and Finder information") {
     TestPc pc;
-    for (const char* path : {"M:\\file", "N:\\file"}) {
-        for (const size_t length : kLengths) {
-            const MacFile both = {.data = patternOf(length), .resource = patternOf(length, 99)};
-            writeMacFile(path, both);
-            CHECK(createFrom(path) == 0);
-            checkForks(readFile(kOutput), both);
-
-            const MacFile resourceOnly = {.data = {}, .resource = patternOf(length, 99)};
-            writeMacFile(path, resourceOnly);
-            CHECK(createFrom(path) == 0);
-            checkForks(readFile(kOutput), resourceOnly);
-        }
+    const auto check = [](const std::string& path, const std::string& name, const MacFile& file) {
+        writeMacFile(path, file);
+        REQUIRE(CreateMacBinaryFile(nullptr, path.c_str(), kOutput, nullptr) == 0);
+        CHECK(readFile(kOutput) == macBinaryFile({.file = keptOn(path[0], file), .name = bytesOf(name)}));
+    };
+    for (const size_t length : {0u, 1u, 127u, 128u, 129u, 65535u, 65536u, 65537u, 300000u}) {
+        const Bytes data = patternOf(length);
+        const Bytes resource = patternOf(length, 99);
+        check("M:\\A name of its own", "A name of its own", {.data = data, .resource = resource});
+        check("N:\\Long name.txt", "LONGNA~1.TXT", {.data = data, .resource = resource, .flags = 0x2134});
+        check("M:\\resource", "resource", {.resource = resource});
+        check("N:\\data", "data", {.data = data, .hasResource = false});
     }
-    writeMacFile("M:\\plain", {.data = patternOf(500), .hasResource = false});
-    CHECK(createFrom("M:\\plain") == 0);
-    checkForks(readFile(kOutput), {.data = patternOf(500)});
     CHECK(pc.nothingHeld());
 }
 
-TEST_CASE("The shell is told once, and only of a whole file") {
+TEST_CASE("What cannot be packed, and where nothing can be put") {
     TestPc pc;
-    writeMacFile("M:\\file", {.data = patternOf(10)});
-    CHECK(createFrom("M:\\file") == 0);
-    CHECK(pc.journal().countOn("SHChangeNotify", kOutput) == 1);
-    const std::vector<pc::JournalEntry>& calls = pc.journal().entries();
-    CHECK(calls[calls.size() - 1].call == "CloseHandle");
-    pc.journal().clear();
-    CHECK(createFrom("M:\\missing") != 0);
-    CHECK(pc.journal().count("SHChangeNotify") == 0);
-}
-
-TEST_CASE("What keeps no Mac information is not packed") {
-    TestPc pc;
+    writeMacFile("M:\\file", {.data = patternOf(200000), .resource = patternOf(200000)});
     writeFile("F:\\file", patternOf(10));
-    CHECK(createFrom("F:\\file") == ERROR_INVALID_PARAMETER);
-    CHECK(createFrom("M:\\missing") == ERROR_INVALID_PARAMETER);
-    CHECK(createFrom("X:\\missing") == ERROR_INVALID_PARAMETER);
-    CHECK(createFrom("\\\\server\\share\\file") == ERROR_INVALID_PARAMETER);
-    CHECK(createFrom("M:\\" + std::string(300, 'a')) == ERROR_INVALID_PARAMETER);
-    writeFile("N:\\file", patternOf(10));
-    CHECK(createFrom("N:\\file") == 0);
-    std::filesystem::create_directory(pc.hostFolder('M') + "/folder");
-    CHECK(createFrom("M:\\folder") == ERROR_ACCESS_DENIED);
+    pc.folder().makeFolder("M/folder");
+    pc.drive('F')->volume->setFreeSpace(300000);
+    const struct {
+        std::string source, output;
+        ErrorCode error;
+    } rows[] = {
+        {"F:\\file", kOutput, ERROR_INVALID_PARAMETER},
+        {"M:\\missing", kOutput, ERROR_INVALID_PARAMETER},
+        {"X:\\missing", kOutput, ERROR_INVALID_PARAMETER},
+        {"\\\\server\\share\\file", kOutput, ERROR_INVALID_PARAMETER},
+        {"M:\\" + std::string(300, 'a'), kOutput, ERROR_INVALID_PARAMETER},
+        {"M:\\folder", kOutput, ERROR_ACCESS_DENIED},
+        {"M:\\file", "F:\\no folder\\out.bin", ERROR_PATH_NOT_FOUND},
+        {"M:\\file", "\\\\.\\PhysicalDrive0", ERROR_FILE_NOT_FOUND},
+        {"M:\\file", "F:\\" + std::string(300, 'a'), ERROR_FILENAME_EXCED_RANGE},
+        {"M:\\file", kOutput, ERROR_DISK_FULL},
+    };
+    for (const auto& row : rows) {
+        CHECK_MESSAGE(createFrom(row.source, row.output) == row.error, row.source << " " << row.output);
+        CHECK(pc.folder().names("F") == std::vector<std::string>{"file"});
+    }
+    writeFile("N:\\plain", patternOf(10));
+    CHECK(createFrom("N:\\plain") == 0);
     CHECK(!exists(kOutput));
     CHECK(pc.nothingHeld());
 }
@@ -92,67 +73,38 @@ TEST_CASE("What keeps no Mac information is not packed") {
 TEST_CASE("A source never becomes its own output") {
     TestPc pc;
     const MacFile file = {.data = patternOf(1000), .resource = patternOf(2000)};
-    writeMacFile("M:\\file.bin", file);
-    writeMacFile("N:\\A long name.bin", file);
-    const std::string guid = "\\{4DD19184-ACE2-11CF-BBF2-444553540000}";
-    const Bytes macInfo = readFile("M:\\file.bin" + guid);
-    const Bytes ntfsInfo = readFile("N:\\A long name.bin:AFP_AfpInfo");
-
-    CHECK(createFrom("M:\\file.bin", "M:\\file.bin") == ERROR_SHARING_VIOLATION);
+    const std::string mac = "M:\\file.bin";
+    const std::string ntfs = "N:\\A long name.bin";
+    writeMacFile(mac, file);
+    writeMacFile(ntfs, file);
     std::filesystem::create_hard_link(pc.hostFolder('M') + "/file.bin", pc.hostFolder('M') + "/link");
-    CHECK(createFrom("M:\\file.bin", "M:\\link") == ERROR_SHARING_VIOLATION);
+    for (const char* output : {"M:\\file.bin", "M:\\link"})
+        CHECK_MESSAGE(createFrom(mac, output) == ERROR_SHARING_VIOLATION, output);
     for (const char* output : {"N:\\A long name.bin", "N:\\a LONG name.BIN", "N:\\ALONGN~1.BIN"})
-        CHECK_MESSAGE(createFrom("N:\\A long name.bin", output) == ERROR_SHARING_VIOLATION, output);
-    for (const char* output : {"N:\\A long name.bin:AFP_AfpInfo", "N:\\A long name.bin:AFP_Resource"})
-        CHECK_MESSAGE(createFrom("N:\\A long name.bin", output) == ERROR_INVALID_NAME, output);
-    CHECK(createFrom("M:\\file.bin", "M:\\file.bin" + guid) == ERROR_INVALID_NAME);
-    CHECK(createFrom("M:\\file.bin", "M:\\._file.bin") != 0);
-
-    CHECK(readFile("M:\\file.bin") == file.data);
-    CHECK(readFile("M:\\file.bin" + guid) == macInfo);
-    CHECK(readFile("M:\\file.bin\\{4DD19183-ACE2-11CF-BBF2-444553540000}") == file.resource);
-    CHECK(readFile("N:\\A long name.bin") == file.data);
-    CHECK(readFile("N:\\A long name.bin:AFP_AfpInfo") == ntfsInfo);
-    CHECK(readFile("N:\\A long name.bin:AFP_Resource") == file.resource);
+        CHECK_MESSAGE(createFrom(ntfs, output) == ERROR_SHARING_VIOLATION, output);
+    for (const char* stream : {":AFP_AfpInfo", ":AFP_Resource"})
+        CHECK_MESSAGE(createFrom(ntfs, ntfs + stream) == ERROR_INVALID_NAME, stream);
+    CHECK(createFrom(mac, mac + "\\{4DD19184-ACE2-11CF-BBF2-444553540000}") == ERROR_INVALID_NAME);
+    CHECK(createFrom(mac, "M:\\._file.bin") != 0);
+    CHECK(readMacFile(mac) == file);
+    CHECK(readMacFile(ntfs) == keptOn('N', file));
     CHECK(pc.nothingHeld());
 }
 
-TEST_CASE("An output that cannot be written leaves nothing behind") {
+TEST_CASE("A fork of 4 GB or more is refused rather than cut") {
     TestPc pc;
-    writeMacFile("M:\\file", {.data = patternOf(200000), .resource = patternOf(200000)});
-    CHECK(createFrom("M:\\file", "F:\\no folder\\out.bin") == ERROR_PATH_NOT_FOUND);
-    CHECK(createFrom("M:\\file", "\\\\.\\PhysicalDrive0") == ERROR_FILE_NOT_FOUND);
-    CHECK(createFrom("M:\\file", "F:\\" + std::string(300, 'a')) == ERROR_FILENAME_EXCED_RANGE);
-    pc.drive('F')->volume->setFreeSpace(300000);
-    CHECK(createFrom("M:\\file") == ERROR_DISK_FULL);
-    CHECK(!exists(kOutput));
-    CHECK(pc.nothingHeld());
-}
-
-TEST_CASE("A damaged AppleDouble file is told, and left as it is") {
-    TestPc pc;
-    writeMacFile("M:\\file", {.data = patternOf(10), .resource = patternOf(10)});
-    const std::string appleDouble = pc.hostFolder('M') + "/._file";
-    std::filesystem::resize_file(appleDouble, 30);
-    CHECK(createFrom("M:\\file") == ERROR_FILE_CORRUPT);
-    CHECK(std::filesystem::file_size(appleDouble) == 30);
-    CHECK(!exists(kOutput));
-}
-
-TEST_CASE("Progress counts the bytes of both forks") {
-    TestPc pc;
-    writeMacFile("M:\\file", {.data = patternOf(100000), .resource = patternOf(70000)});
-    scripted_display::reset();
-    ProgressDialog* progress = ProgressCreate(GetModuleHandleA(nullptr), "", nullptr, FALSE);
-    REQUIRE(progress != nullptr);
-    const uint64_t total = 170000;
-    ProgressSetTotal(progress, &total);
-    CHECK(CreateMacBinaryFile(nullptr, "M:\\file", kOutput, &progress) == 0);
-    uint64_t done = 0;
-    ProgressGetDone(progress, &done);
-    CHECK(done == total);
-    ProgressDestroy(progress);
-    progress = nullptr;
-    CHECK(CreateMacBinaryFile(nullptr, "M:\\file", kOutput, &progress) == 0);
-    CHECK(pc.nothingHeld());
+    writeMacFile("M:\\file", {});
+    ForkPathBuffers paths;
+    GetForkPaths("M:\\file", paths);
+    for (const uint64_t size : {uint64_t{0xFFFFFFFF}, uint64_t{0x100000000}}) {
+        std::filesystem::resize_file(pc.hostFolder('M') + "/file", size);  // a hole, not bytes
+        const HANDLE large =
+            CreateFileA("M:\\file", GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+        MacBinaryHeader header;
+        const bool fits = size <= 0xFFFFFFFF;
+        CHECK(BuildMacBinaryHeader(paths.dataPath, paths.finderInfoPath, large, INVALID_HANDLE_VALUE,
+                                   &header) == (fits ? TRUE : FALSE));
+        CHECK((fits ? header.dataLength == size : GetLastError() == ERROR_FILE_TOO_LARGE));
+        CloseHandle(large);
+    }
 }

@@ -1,31 +1,27 @@
 #include "convert/binhex_stream.h"
 #include "convert/binhex_text.h"
-#include "support/binhex_writer.h"
+#include "support/archive_writer.h"
 #include "support/extraction_case.h"
-#include "support/scripted_confirm.h"
-#include "ui/confirm_replace.h"
 
 #include <doctest/doctest.h>
 
 #include <algorithm>
 #include <cstring>
-#include <string_view>
 
 using namespace tidewell;
 
 namespace {
 
-BinHexFile sampleFile() {
-    return {.data = patternOf(3000), .resource = patternOf(500, 3)};
-}
-
-Bytes withMarker(const std::string& text) {
-    return bytesOf(std::string(kBinHexMarker) + "\n" + text);
-}
-
-Bytes ofSections(const Bytes& sections) {
-    return withMarker(binHexText(binHexRuns(sections)));
-}
+// What BinHex keeps of a file.
+const MacFile kFile = {.data = patternOf(3000),
+                       .resource = patternOf(500, 3),
+                       .flags = 0,
+                       .vertical = 0,
+                       .horizontal = 0,
+                       .window = 0,
+                       .attributes = 0};
+const BinHexFile kSmall = {{.data = patternOf(60), .resource = patternOf(30)}};
+constexpr size_t kHeaderSize = 1 + 4 + 19 + 2;  // with the name "Test"
 
 std::string decoded(std::string text, ErrorCode wanted = 0) {
     size_t produced = 0;
@@ -46,32 +42,26 @@ Bytes expanded(const Bytes& runs, size_t count, ErrorCode wanted = 0) {
 TEST_CASE("A BinHex file gives its forks, type and creator back") {
     for (const char drive : {'M', 'N', 'F'}) {
         TestPc pc;
-        CHECK(extractBytes(binHexFile(sampleFile()), ".hqx", drive) == 0);
+        BinHexFile file = {kFile};
+        file.file.flags = 0x2100;
+        CHECK(extractBytes(binHexFile(file), ".hqx", drive) == 0);
         const std::string path = std::string(1, drive) + ":\\Test";
-        const MacFile file = readMacFile(path);
-        CHECK(file.data == sampleFile().data);
+        CHECK(readMacFile(path) == keptOn(drive, kFile));
         CHECK(pc.journal().countOn("SHChangeNotify", path) == 1);
-        if (drive != 'F') {
-            CHECK(file.resource == sampleFile().resource);
-            CHECK(file.type == 0x54455854);
-            CHECK(file.creator == 0x74747874);
-            CHECK(file.flags == 0);
-        }
         CHECK(pc.nothingHeld());
     }
 }
 
 TEST_CASE("Where the text of BinHex begins") {
-    const std::string text = binHexText(binHexRuns(binHexSections(sampleFile())));
+    const std::string text = binHexText(binHexRuns(binHexSections({kFile})));
     const std::string japanese =
         "\x81\x69\x82\xB1\x82\xCC\x83\x74\x83\x40\x83\x43\x83\x8B\x82\xCD BinHex4.0 \x82\xC5\x95\xCF\x8A\xB7"
         "\x82\xB3\x82\xEA\x82\xE9\x95\x4B\x97\x76\x82\xAA\x82\xA0\x82\xE8\x82\xDC\x82\xB7\x81\x42\x81\x6A";
     const std::string marker = kBinHexMarker;
-    struct Row {
+    const struct {
         std::string file;
         ErrorCode error;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"From: somebody\r\n\r\n" + marker + "\r\n \t\r\n" + text, 0},
         {japanese + "\r" + text, 0},
         {"(This file " + marker + text + "\nsignature: 100%", 0},
@@ -83,7 +73,7 @@ TEST_CASE("Where the text of BinHex begins") {
         {marker + "::", ERROR_HANDLE_EOF},
         {"", ERROR_INVALID_DATA},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         TestPc pc;
         CHECK_MESSAGE(extractBytes(bytesOf(row.file), ".hqx", 'M') == row.error, row.file.substr(0, 80));
         CHECK(exists("M:\\Test") == (row.error == 0));
@@ -92,7 +82,6 @@ TEST_CASE("Where the text of BinHex begins") {
 
 TEST_CASE("Six bits a character, blanks anywhere") {
     CHECK(decoded(":!!!!:") == std::string(3, '\0'));
-    CHECK(decoded(":rrrr:") == "\xFF\xFF\xFF");
     CHECK(decoded(" \r\n:r r\tr\rr\n:") == "\xFF\xFF\xFF");
     CHECK(decoded("::").empty());
     // A byte that the last group begins counts.
@@ -103,15 +92,11 @@ TEST_CASE("Six bits a character, blanks anywhere") {
     decoded(":", ERROR_HANDLE_EOF);
     decoded("", ERROR_INVALID_DATA);
     decoded("rrrr:", ERROR_INVALID_DATA);
-    const std::string_view alphabet = "!\"#$%&'()*+,-012345689@ABCDEFGHIJKLMNPQRSTUVXYZ[`abcdefhijklmpqr";
     for (int c = 0; c < 256; ++c) {
-        const char character = static_cast<char>(c);
-        const bool known = alphabet.find(character) != std::string_view::npos;
-        const bool passes = known || character == ':' ||
-                            std::string_view("\t\n\r ").find(character) != std::string_view::npos;
+        const bool passes = c != 0 && (std::strchr(kBinHexAlphabet, c) || std::strchr(":\t\n\r ", c));
         for (size_t at = 1; at <= 8; ++at) {
             std::string text = ":rrrrrrrr:";
-            text[at] = character;
+            text[at] = static_cast<char>(c);
             decoded(text, passes ? 0 : ERROR_INVALID_DATA);
         }
     }
@@ -131,8 +116,8 @@ TEST_CASE("Run lengths") {
 }
 
 TEST_CASE("A run may straddle any boundary between sections") {
-    const Bytes sections =
-        binHexSections({.name = bytesOf("Test"), .data = Bytes(40, 0), .resource = Bytes(40, 0x90)});
+    const BinHexFile file = {{.data = Bytes(40, 0), .resource = Bytes(40, kBinHexRun)}};
+    const Bytes sections = binHexSections(file);
     // Each place where a byte repeats becomes a run there, whatever section it ends in.
     for (size_t at = 1; at < sections.size(); ++at) {
         if (sections[at] != sections[at - 1]) continue;
@@ -140,65 +125,60 @@ TEST_CASE("A run may straddle any boundary between sections") {
         while (at + length - 1 < sections.size() && sections[at + length - 1] == sections[at] && length < 255)
             ++length;
         Bytes runs;
-        const auto put = [&runs](uint8_t value) {
-            runs.push_back(value);
-            if (value == 0x90) runs.push_back(0);
-        };
-        std::for_each(sections.begin(), sections.begin() + static_cast<int>(at), put);
-        runs.push_back(0x90);
-        runs.push_back(static_cast<uint8_t>(length));
-        std::for_each(sections.begin() + static_cast<int>(at + length - 1), sections.end(), put);
+        for (size_t i = 0; i < sections.size(); ++i) {
+            if (i == at) {
+                runs.push_back(kBinHexRun);
+                runs.push_back(static_cast<uint8_t>(length));
+            }
+            if (i >= at && i < at + length - 1) continue;
+            runs.push_back(sections[i]);
+            if (sections[i] == kBinHexRun) runs.push_back(0);
+        }
         TestPc pc;
-        CHECK_MESSAGE(extractBytes(withMarker(binHexText(runs)), ".hqx", 'M') == 0, at);
-        CHECK(readMacFile("M:\\Test").data == Bytes(40, 0));
-        CHECK(readMacFile("M:\\Test").resource == Bytes(40, 0x90));
+        const std::string text = kBinHexMarker + binHexText(runs);
+        CHECK_MESSAGE(extractBytes(bytesOf(text), ".hqx", 'M') == 0, at);
+        CHECK(readMacFile("M:\\Test").data == file.file.data);
+        CHECK(readMacFile("M:\\Test").resource == file.file.resource);
     }
 }
 
 TEST_CASE("Truncated anywhere, a BinHex file leaves nothing") {
-    const BinHexFile file = {.data = patternOf(60), .resource = patternOf(30)};
-    const Bytes whole = binHexFile(file);
-    const auto end =
-        static_cast<size_t>(std::find(whole.rbegin(), whole.rend(), uint8_t{':'}).base() - whole.begin());
-    const auto begin =
-        static_cast<size_t>(std::find(whole.begin(), whole.end(), uint8_t{':'}) - whole.begin());
+    const Bytes whole = binHexFile(kSmall);
+    const std::string text(whole.begin(), whole.end());
     for (size_t size = 0; size < whole.size(); ++size) {
         TestPc pc;
-        const Bytes cut(whole.begin(), whole.begin() + static_cast<int>(size));
-        const ErrorCode wanted = size <= begin ? ERROR_INVALID_DATA : size < end ? ERROR_HANDLE_EOF : 0;
-        CHECK_MESSAGE(extractBytes(cut, ".hqx", 'N') == wanted, size);
+        const ErrorCode wanted = size <= text.find(':')    ? ERROR_INVALID_DATA
+                                 : size <= text.rfind(':') ? ERROR_HANDLE_EOF
+                                                           : 0;
+        CHECK_MESSAGE(extractBytes(cutTo(whole, size), ".hqx", 'N') == wanted, size);
         CHECK(exists("N:\\Test") == (wanted == 0));
         CHECK(pc.nothingHeld());
     }
     // The text may end well and its stream be short all the same.
-    const Bytes sections = binHexSections(file);
-    const size_t headerSize = 1 + 4 + 19 + 2;
+    const Bytes sections = binHexSections(kSmall);
     for (size_t size = 0; size < sections.size(); ++size) {
         TestPc pc;
-        const Bytes cut(sections.begin(), sections.begin() + static_cast<int>(size));
         // A last byte that the text only begins counts: it makes a section's CRC whole, and wrong.
-        const bool lastByteBegun = size + 1 == headerSize + 60 + 2 || size + 1 == sections.size();
-        const ErrorCode error = extractBytes(ofSections(cut), ".hqx", 'M');
+        const bool lastByteBegun = size + 1 == kHeaderSize + 60 + 2 || size + 1 == sections.size();
+        const ErrorCode error = extractBytes(binHexFile(cutTo(sections, size)), ".hqx", 'M');
         CHECK_MESSAGE((error == ERROR_HANDLE_EOF || (lastByteBegun && error == ERROR_CRC)), size);
         CHECK(!exists("M:\\Test"));
-        if (size < headerSize) CHECK(pc.journal().countOn("CreateFileA", "M:\\Test") == 0);
+        if (size < kHeaderSize) CHECK(pc.journal().countOn("CreateFileA", "M:\\Test") == 0);
     }
 }
 
 TEST_CASE("Every flipped bit of a stream is met with its code") {
-    const BinHexFile file = {.data = patternOf(60), .resource = patternOf(30)};
-    const Bytes sections = binHexSections(file);
-    const size_t headerSize = 1 + 4 + 19 + 2;
+    const Bytes sections = binHexSections(kSmall);
     TestPc pc;
     for (size_t bit = 0; bit < sections.size() * 8; ++bit) {
         Bytes flipped = sections;
         flipped[bit / 8] ^= static_cast<uint8_t>(0x80 >> bit % 8);
         const size_t header = flipped[0] + size_t{1} + 19 + 2;
         const ErrorCode wanted = header > flipped.size() ? ERROR_HANDLE_EOF : ERROR_CRC;
-        CHECK_MESSAGE(extractBytes(ofSections(flipped), ".hqx", 'M') == wanted, bit);
+        CHECK_MESSAGE(extractBytes(binHexFile(flipped), ".hqx", 'M') == wanted, bit);
         CHECK(!exists("M:\\Test"));
         // A wrong header is told before any file is made.
-        if (bit < headerSize * 8) CHECK(pc.journal().countOn("CreateFileA", "M:\\Test") == 0);
+        if (bit < kHeaderSize * 8) CHECK(pc.journal().countOn("CreateFileA", "M:\\Test") == 0);
         pc.journal().clear();
     }
     CHECK(pc.nothingHeld());
@@ -208,9 +188,8 @@ TEST_CASE("Lengths that lie take neither memory nor time") {
     for (const uint32_t length : {0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu, 0x01000000u}) {
         for (const bool inData : {true, false}) {
             TestPc pc;
-            BinHexFile file = {.data = patternOf(60), .resource = patternOf(30), .lies = true};
-            file.claimedData = inData ? length : 60;
-            file.claimedResource = inData ? 30 : length;
+            BinHexFile file = kSmall;
+            (inData ? file.claimedData : file.claimedResource) = length;
             CHECK(extractBytes(binHexFile(file), ".hqx", 'M') == ERROR_HANDLE_EOF);
             CHECK(!exists("M:\\Test"));
             for (const pc::JournalEntry& entry : pc.journal().entries())
@@ -220,13 +199,11 @@ TEST_CASE("Lengths that lie take neither memory nor time") {
 }
 
 TEST_CASE("Names of every length") {
-    for (const size_t length :
-         {size_t{0}, size_t{1}, size_t{31}, size_t{32}, size_t{63}, size_t{64}, size_t{255}}) {
+    for (const size_t length : {0u, 1u, 31u, 32u, 63u, 64u, 255u}) {
         TestPc pc;
-        BinHexFile file = sampleFile();
-        file.name = Bytes(length, 'n');
+        const BinHexFile file = {kFile, Bytes(length, 'n')};
         CHECK(extractBytes(binHexFile(file), ".hqx", 'M') == (length == 0 ? ERROR_INVALID_DATA : 0));
-        if (length != 0)
-            CHECK(readMacFile("M:\\" + std::string(std::min<size_t>(length, 31), 'n')).data == file.data);
+        if (length == 0) continue;
+        CHECK(readMacFile("M:\\" + std::string(std::min<size_t>(length, 31), 'n')) == kFile);
     }
 }

@@ -1,7 +1,6 @@
 // What an extraction must not reach, whatever a file asks for.
-#include "support/binhex_writer.h"
+#include "support/archive_writer.h"
 #include "support/extraction_case.h"
-#include "support/macbinary_writer.h"
 
 #include <doctest/doctest.h>
 
@@ -12,8 +11,8 @@ namespace {
 const MacFile kFile = {.data = patternOf(300), .resource = patternOf(20)};
 
 Bytes withName(const char* extension, const std::string& name) {
-    if (std::string(extension) == ".bin") return macBinaryFile({.name = bytesOf(name), .file = kFile});
-    return binHexFile({.name = bytesOf(name), .data = kFile.data, .resource = kFile.resource});
+    if (std::string(extension) == ".bin") return macBinaryFile({.file = kFile, .name = bytesOf(name)});
+    return binHexFile(BinHexFile{.file = kFile, .name = bytesOf(name)});
 }
 
 }  // namespace
@@ -25,8 +24,8 @@ TEST_CASE("A file that holds one of its own name stays what it is") {
                 TestPc pc;
                 const std::string folder = std::string(1, drive) + ":\\";
                 const std::string path = folder + "in" + extension;
-                Bytes source = withName(extension, std::string("in") + extension);
-                if (damaged) source.resize(source.size() - 30);
+                const Bytes whole = withName(extension, std::string("in") + extension);
+                const Bytes source = damaged ? cutTo(whole, whole.size() - 30) : whole;
                 writeFile(path, source);
                 DWORD flags = kReplaceAll;
                 const ErrorCode error =

@@ -5,20 +5,19 @@
 #include <doctest/doctest.h>
 
 #include <cstring>
-#include <filesystem>
 
 using namespace tidewell;
 
 namespace {
 
-constexpr char kResource[] = "{4DD19183-ACE2-11CF-BBF2-444553540000}";
-constexpr char kFinder[] = "{4DD19184-ACE2-11CF-BBF2-444553540000}";
+const std::string kResource = "{4DD19183-ACE2-11CF-BBF2-444553540000}";
+const std::string kFinder = "{4DD19184-ACE2-11CF-BBF2-444553540000}";
 
-void checkPaths(const char* path, const std::string& data, const std::string& resource,
+void checkPaths(const std::string& path, const std::string& data, const std::string& resource,
                 const std::string& finderInfo) {
     CAPTURE(path);
     ForkPathBuffers paths;
-    GetForkPaths(path, paths);
+    GetForkPaths(path.c_str(), paths);
     CHECK(std::string(paths.dataPath) == data);
     CHECK(paths.dataLength == data.size());
     CHECK(std::string(paths.resourcePath) == resource);
@@ -31,19 +30,16 @@ void checkPaths(const char* path, const std::string& data, const std::string& re
 
 TEST_CASE("Fork paths on the volumes of each kind") {
     TestPc pc;
-    std::filesystem::create_directory(pc.hostFolder('N') + "/Long folder");
-    std::filesystem::create_directory(pc.hostFolder('M') + "/Folder");
-    writeFile("N:\\Long folder\\Long name.txt", {});
-    writeFile("M:\\Folder\\Long name.txt", {});
-    writeFile("F:\\plain", {});
+    pc.folder().makeFolder("N/Long folder");
+    pc.folder().makeFolder("M/Folder");
     const std::string shortForm = "N:\\LONGFO~1\\LONGNA~1.TXT";
+    for (const char* file : {"N:\\Long folder\\Long name.txt", "M:\\Folder\\Long name.txt", "F:\\plain"})
+        writeFile(file, {});
     checkPaths("N:\\Long folder\\Long name.txt", shortForm, shortForm + ":AFP_Resource",
                shortForm + ":AFP_AfpInfo");
-    const std::string macFile = "M:\\Folder\\Long name.txt";
-    checkPaths(macFile.c_str(), macFile, macFile + "\\" + kResource, macFile + "\\" + kFinder);
-    checkPaths("M:\\Folder", "M:\\Folder", std::string("M:\\Folder\\") + kResource,
-               std::string("M:\\Folder\\") + kFinder);
-    checkPaths("M:\\", "M:\\", std::string("M:\\") + kResource, std::string("M:\\") + kFinder);
+    for (const std::string item : {"M:\\Folder\\Long name.txt", "M:\\Folder"})
+        checkPaths(item, item, item + "\\" + kResource, item + "\\" + kFinder);
+    checkPaths("M:\\", "M:\\", "M:\\" + kResource, "M:\\" + kFinder);
     checkPaths("F:\\plain", "F:\\plain", "", "");
     checkPaths("N:\\missing", "", "", "");
     CHECK(pc.nothingHeld());
@@ -68,20 +64,19 @@ TEST_CASE("A path in the data path's own buffer is kept as it is") {
 TEST_CASE("A part whose path does not fit is not available") {
     TestPc pc;
     writeFile("M:\\file", {});
-    char data[kPathCapacity];
-    char resource[20];
-    char finderInfo[kPathCapacity];
-    ForkPaths paths = {data, sizeof data, resource, sizeof resource, finderInfo, sizeof finderInfo};
+    ForkPathBuffers paths;
+    paths.resourceLength = 20;
     GetForkPaths("M:\\file", paths);
     CHECK(paths.resourceLength == 0);
-    CHECK(std::string(resource).empty());
+    CHECK(paths.resourcePath[0] == '\0');
     CHECK(paths.finderInfoLength != 0);
 
-    paths = {data, 7, resource, sizeof resource, finderInfo, sizeof finderInfo};
-    GetForkPaths("M:\\file", paths);
-    CHECK(paths.dataLength == 0);
-    CHECK(std::string(data).empty());
-    CHECK(paths.finderInfoLength == 0);
+    ForkPathBuffers tight;
+    tight.dataLength = 7;
+    GetForkPaths("M:\\file", tight);
+    CHECK(tight.dataLength == 0);
+    CHECK(tight.dataPath[0] == '\0');
+    CHECK(tight.finderInfoLength == 0);
 }
 
 TEST_CASE("Fork paths are told from paths of files") {

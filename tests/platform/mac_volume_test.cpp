@@ -1,16 +1,8 @@
-#include "support/temp_folder.h"
 #include "support/volume_files.h"
 
 #include <doctest/doctest.h>
 
-#include <memory>
-
 namespace {
-
-struct MacFolder {
-    TempFolder folder;
-    std::unique_ptr<pc::Volume> volume = pc::makeMacVolume(folder.path());
-};
 
 using Names = std::vector<std::string>;
 
@@ -19,71 +11,48 @@ const std::string kInfo = kFinderFile;
 
 }  // namespace
 
-TEST_CASE_FIXTURE(MacFolder, "the resource fork exists once it is created") {
-    CHECK(std::string(volume->fileSystemName()) == "HFS");
-    CHECK(openError(*volume, "a" + kFork, createAlways) == 2);
-    CHECK(openError(*volume, "no\\a" + kFork, createAlways) == 3);
+TEST_CASE_FIXTURE(MacFolder, "what can be opened of what there is and is not") {
     folder.write("a", "data");
-    CHECK(openError(*volume, "a" + kFork) == 2);
-    CHECK(openError(*volume, "a" + kFork, truncateExisting) == 2);
-    CHECK_FALSE(existsOn(*volume, "a" + kFork));
-    CHECK(identityOf(*volume, "a" + kFork) == "error 2");
-    CHECK(shortPathOf(*volume, "a" + kFork) == "error 2");
-    CHECK(volume->remove("a" + kFork) == 2);
-    CHECK(folder.names() == Names{"a"});
-
-    pc::Opened opened;
-    REQUIRE(openFile(*volume, "a" + kFork, openAlways, opened) == 0);
-    CHECK(opened.created);
+    folder.makeFolder("Sub");
+    folder.makeFolder("._Own");
+    folder.write("._Own/x", "");
+    const struct {
+        std::string path;
+        pc::Error existing, always, anew;
+    } rows[] = {
+        {"none" + kFork, 2, 2, 2},
+        {"no\\none" + kFork, 3, 3, 3},
+        {"none" + kInfo, 2, 2, 2},
+        {"a" + kInfo, 0, 87, 80},
+        {"Sub" + kInfo, 0, 87, 80},
+        {kInfo.substr(1), 0, 87, 80},
+        {"Sub" + kInfo + "\\", 123, 123, 123},
+        {"Sub" + kInfo + "\\x", 3, 3, 3},
+        {"What? x", 123, 123, 123},
+        // The driver's own.
+        {"._a", 2, 5, 5},
+        {"._none", 2, 5, 5},
+        {"._a" + kInfo, 2, 5, 5},
+        {"._a" + kFork, 2, 5, 5},
+        {"._Own\\x", 3, 3, 3},
+        // Last, since it makes the fork.
+        {"a" + kFork, 2, 0, 80},
+    };
+    for (const auto& row : rows) {
+        CAPTURE(row.path);
+        CHECK(openError(*volume, row.path) == row.existing);
+        CHECK(existsOn(*volume, row.path) == (row.existing == 0));
+        CHECK(openError(*volume, row.path, truncateExisting) == (row.existing ? row.existing : row.always));
+        CHECK(openError(*volume, row.path, createAlways) == row.always);
+        CHECK(openError(*volume, row.path, createNew) == row.anew);
+        if (row.existing != 0 && row.always != 0) CHECK(volume->remove(row.path) == row.existing);
+    }
+    CHECK(folder.names() == Names{"._Own", "._a", "Sub", "a"});
     CHECK(contentsOf(*volume, "a\\{4dd19183-ace2-11cf-bbf2-444553540000}").empty());
-    CHECK(openError(*volume, "a" + kFork, createNew) == 80);
-    CHECK(shortPathOf(*volume, "a" + kFork) == "a" + kFork);
-    REQUIRE(opened.file->write(2, "xyz", 3) == 0);
-    CHECK(contentsOf(*volume, "a" + kFork) == std::string("\0\0xyz", 5));
     CHECK(contentsOf(*volume, "a") == "data");
-    REQUIRE(openFile(*volume, "a" + kFork, openAlways, opened) == 0);
-    CHECK_FALSE(opened.created);
-
     CHECK(volume->remove("a" + kInfo) == 5);
     REQUIRE(volume->remove("a" + kFork) == 0);
     CHECK(openError(*volume, "a" + kFork) == 2);
-}
-
-TEST_CASE_FIXTURE(MacFolder, "Finder information is there for whatever there is") {
-    CHECK(openError(*volume, "a" + kInfo) == 2);
-    CHECK_FALSE(existsOn(*volume, "a" + kInfo));
-    folder.makeFolder("Sub");
-    uint32_t bits = 0;
-    CHECK(volume->attributes("Sub" + kInfo, bits) == 0);
-    CHECK((bits & 0x10) == 0);
-    CHECK(openError(*volume, "Sub" + kInfo, createNew) == 80);
-    for (const std::string& path : {kInfo.substr(1), "Sub" + kInfo}) {
-        pc::Opened opened;
-        uint64_t size = 0;
-        REQUIRE(volume->openForQuery(path, opened) == 0);
-        CHECK(opened.file->size(size) == 0);
-        CHECK(size == 1155);
-    }
-    CHECK(openError(*volume, "Sub" + kInfo + "\\") == 123);
-    CHECK(openError(*volume, "Sub" + kInfo + "\\x") == 3);
-    CHECK(folder.names() == Names{"Sub"});
-}
-
-TEST_CASE_FIXTURE(MacFolder, "names beginning with ._ are the driver's") {
-    folder.write("a", "");
-    REQUIRE(writeFile(*volume, "a" + kFork, "fork") == 0);
-    folder.makeFolder("._Sub");
-    folder.write("._Sub/x", "");
-    for (const std::string& path :
-         {std::string("._a"), std::string("._none"), "._a" + kInfo, "._a" + kFork}) {
-        CAPTURE(path);
-        CHECK(openError(*volume, path) == 2);
-        CHECK(openError(*volume, path, createAlways) == 5);
-        CHECK(volume->remove(path) == 2);
-        CHECK_FALSE(existsOn(*volume, path));
-    }
-    CHECK(openError(*volume, "._Sub\\x") == 3);
-    CHECK(contentsOf(*volume, "a" + kFork) == "fork");
 }
 
 TEST_CASE_FIXTURE(MacFolder, "a file takes its Mac information with it") {
@@ -97,51 +66,24 @@ TEST_CASE_FIXTURE(MacFolder, "a file takes its Mac information with it") {
     CHECK(opened.file->write(0, "x", 1) == 2);
     CHECK(folder.names() == Names{"b"});
     CHECK(volume->remove("a") == 2);
-    CHECK(volume->remove("b") == 0);
     CHECK(volume->remove("") == 5);
-    CHECK(folder.names().empty());
 }
 
-TEST_CASE_FIXTURE(MacFolder, "characters that Windows reserves are kept in names") {
-    const std::string shown = "What\uF025 \uF020a\uF022b\uF020";
-    REQUIRE(writeFile(*volume, shown, "data") == 0);
-    REQUIRE(changeFinderInfo(*volume, shown, "TEXTttxt") == 0);
-#ifndef _WIN32
-    CHECK(folder.names() == Names{"._What? \"a:b\"", "What? \"a:b\""});
-#endif
-    CHECK(contentsOf(*volume, shown) == "data");
-    CHECK(openError(*volume, "What? x", createAlways) == 123);
-    // A host may hold the stand-in itself.
+TEST_CASE_FIXTURE(MacFolder, "a host's name may hold the stand-in of a reserved character") {
     folder.makeFolder("s\uF021");
     folder.write("s\uF021/t\uF021", "1");
     CHECK(contentsOf(*volume, "s\uF021\\t\uF021") == "1");
-}
-
-TEST_CASE_FIXTURE(MacFolder, "identities tell files and their forks apart, whatever the path") {
-    folder.makeFolder("Sub");
-    folder.write("Sub/a", "");
-    folder.write("b", "");
-    pc::Opened data, fork, info, again;
-    REQUIRE(openFile(*volume, "Sub\\a", openExisting, data) == 0);
-    REQUIRE(openFile(*volume, "Sub\\a" + kFork, createAlways, fork) == 0);
-    REQUIRE(openFile(*volume, "Sub\\a" + kInfo, openExisting, info) == 0);
-    REQUIRE(openFile(*volume, "Sub\\..\\Sub\\.\\a" + kFork, openExisting, again) == 0);
-    CHECK(again.identity == fork.identity);
-    CHECK(identityOf(*volume, "Sub\\a") == data.identity);
-    CHECK(identityOf(*volume, "Sub\\a" + kFork) == fork.identity);
-    CHECK(identityOf(*volume, "Sub\\a" + kInfo) == info.identity);
-    CHECK(data.identity != fork.identity);
-    CHECK(data.identity != info.identity);
-    CHECK(fork.identity != info.identity);
-    CHECK(identityOf(*volume, "b") != data.identity);
-    CHECK(identityOf(*volume, "b" + kInfo) != info.identity);
 }
 
 TEST_CASE_FIXTURE(MacFolder, "forks and settings changed through several open files agree") {
     REQUIRE(writeFile(*volume, "a", "") == 0);
     pc::Opened writer, reader;
     REQUIRE(openFile(*volume, "a" + kFork, createAlways, writer) == 0);
-    REQUIRE(openFile(*volume, "a" + kFork, openExisting, reader) == 0);
+    REQUIRE(openFile(*volume, ".\\a" + kFork, openExisting, reader) == 0);
+    CHECK(reader.identity == writer.identity);
+    CHECK(identityOf(*volume, "a" + kFork) == writer.identity);
+    CHECK(identityOf(*volume, "a") != writer.identity);
+    CHECK(identityOf(*volume, "a" + kInfo) != writer.identity);
     REQUIRE(writer.file->write(0, "one", 3) == 0);
     // This puts another file in the place of the open one.
     REQUIRE(changeFinderInfo(*volume, "a", "TEXTttxt", 1) == 0);
@@ -149,7 +91,6 @@ TEST_CASE_FIXTURE(MacFolder, "forks and settings changed through several open fi
     uint64_t size = 0;
     CHECK(reader.file->size(size) == 0);
     CHECK(size == 6);
-    CHECK(contentsOf(*volume, "a" + kFork) == "onetwo");
     CHECK(entryOf(folder.read("._a"), 2) == "onetwo");
     CHECK(entryOf(folder.read("._a"), 9).substr(0, 8) == "TEXTttxt");
 }

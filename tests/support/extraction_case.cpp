@@ -1,8 +1,5 @@
 #include "support/extraction_case.h"
 
-#include "macfile/finder_info.h"
-#include "macfile/fork_paths.h"
-
 #include <doctest/doctest.h>
 
 tidewell::ErrorCode extractBytes(const Bytes& source, const char* extension, char drive) {
@@ -16,23 +13,6 @@ tidewell::ErrorCode extractBytes(const Bytes& source, const char* extension, cha
     return error;
 }
 
-MacFile readMacFile(const std::string& path) {
-    MacFile file;
-    file.data = readFile(path);
-    tidewell::ForkPathBuffers paths;
-    tidewell::GetForkPaths(path.c_str(), paths);
-    file.hasResource = paths.resourceLength != 0 && exists(paths.resourcePath);
-    if (file.hasResource) file.resource = readFile(paths.resourcePath);
-    tidewell::FinderInfoRecord record;
-    if (paths.finderInfoLength == 0 || !tidewell::ReadFinderInfo(paths.finderInfoPath, &record)) return file;
-    const bool mac = record.kind == tidewell::VolumeKindMac;
-    const tidewell::FinderFields& finder = mac ? record.mac.finder : record.afp.finder;
-    file.type = finder.type;
-    file.creator = finder.creator;
-    file.flags = finder.flags;
-    file.vertical = finder.vertical;
-    file.horizontal = finder.horizontal;
-    file.window = finder.window;
-    file.attributes = mac ? record.mac.attributes : 0;
-    return file;
+Bytes cutTo(const Bytes& whole, size_t size) {
+    return Bytes(whole.begin(), whole.begin() + static_cast<int>(size));
 }

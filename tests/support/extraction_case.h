@@ -1,4 +1,4 @@
-// One extraction in a test: a source of given bytes, a folder of a given volume, and what became of it.
+// One extraction in a test: a source of given bytes, and a folder of a given volume.
 #ifndef TIDEWELL_TESTS_SUPPORT_EXTRACTION_CASE_H
 #define TIDEWELL_TESTS_SUPPORT_EXTRACTION_CASE_H
 
@@ -10,7 +10,7 @@
 // Extracts `source`, written as F:\in.bin or F:\in.hqx, into the root of the drive.
 tidewell::ErrorCode extractBytes(const Bytes& source, const char* extension, char drive);
 
-// The Mac file at `path`, with what its volume keeps of it.
-MacFile readMacFile(const std::string& path);
+// `whole` as far as its first `size` bytes.
+Bytes cutTo(const Bytes& whole, size_t size);
 
 #endif

@@ -4,11 +4,37 @@
 #include "macfile/fork_paths.h"
 #include "module/module_state.h"
 #include "pc/mac_volume_driver.h"
-
-#include <doctest/doctest.h>
+#include "support/scripted_user.h"
 
 #include <cstring>
 #include <filesystem>
+#include <stdexcept>
+#include <tuple>
+
+namespace {
+
+// No test can go on without its files.
+void need(bool done, const std::string& path) {
+    if (!done) throw std::runtime_error(path + ": error " + std::to_string(GetLastError()));
+}
+
+HANDLE openFile(const std::string& path, DWORD access, DWORD disposition) {
+    const HANDLE file = CreateFileA(path.c_str(), access, FILE_SHARE_READ, nullptr, disposition,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    need(file != INVALID_HANDLE_VALUE, path);
+    return file;
+}
+
+tidewell::FinderFields& finderOf(tidewell::FinderInfoRecord& record) {
+    return record.kind == tidewell::VolumeKindMac ? record.mac.finder : record.afp.finder;
+}
+
+template <typename Fields>
+auto fieldsOf(Fields& of) {
+    return std::tie(of.type, of.creator, of.flags, of.vertical, of.horizontal, of.window);
+}
+
+}  // namespace
 
 TestPc::TestPc(pc::Platform platform) : Pc(platform) {
     for (const char letter : {'F', 'N', 'M'})
@@ -19,6 +45,7 @@ TestPc::TestPc(pc::Platform platform) : Pc(platform) {
     tidewell::InitializeModuleState(GetModuleHandleA(nullptr));
     addDevice(pc::kMacVolumeDriverName, pc::makeMacVolumeDriver(*this));
     journal().clear();
+    scriptedUser = {};
 }
 
 Bytes patternOf(size_t size, unsigned seed) {
@@ -37,45 +64,28 @@ bool exists(const std::string& path) {
 }
 
 Bytes readFile(const std::string& path) {
-    const HANDLE file =
-        CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-    REQUIRE_MESSAGE(file != INVALID_HANDLE_VALUE, path << ": error " << GetLastError());
+    const HANDLE file = openFile(path, GENERIC_READ, OPEN_EXISTING);
     Bytes bytes(GetFileSize(file, nullptr));
     DWORD got = 0;
-    REQUIRE(ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr));
+    const BOOL done = ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr);
+    need(done && got == bytes.size(), path);
     CloseHandle(file);
-    REQUIRE(got == bytes.size());
     return bytes;
 }
 
 void writeFile(const std::string& path, const Bytes& bytes) {
-    const HANDLE file = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    REQUIRE_MESSAGE(file != INVALID_HANDLE_VALUE, path << ": error " << GetLastError());
+    const HANDLE file = openFile(path, GENERIC_WRITE, CREATE_ALWAYS);
     DWORD written = 0;
     const BOOL done = WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    need(done && written == bytes.size(), path);
     CloseHandle(file);
-    REQUIRE_MESSAGE(done, path << ": error " << GetLastError());
-    REQUIRE(written == bytes.size());
 }
-
-namespace {
-
-void setFields(tidewell::FinderFields& finder, const MacFile& file) {
-    finder.type = file.type;
-    finder.creator = file.creator;
-    finder.flags = file.flags;
-    finder.vertical = file.vertical;
-    finder.horizontal = file.horizontal;
-    finder.window = file.window;
-}
-
-}  // namespace
 
 void writeMacFile(const std::string& path, const MacFile& file) {
     writeFile(path, file.data);
     tidewell::ForkPathBuffers paths;
     tidewell::GetForkPaths(path.c_str(), paths);
-    REQUIRE(paths.finderInfoLength != 0);
+    need(paths.finderInfoLength != 0, path);
     if (file.hasResource) writeFile(paths.resourcePath, file.resource);
 
     tidewell::FinderInfoRecord record;
@@ -83,11 +93,27 @@ void writeMacFile(const std::string& path, const MacFile& file) {
         std::memset(static_cast<void*>(&record), 0, sizeof record);
         record.kind = tidewell::VolumeKindNtfs;
     }
-    if (record.kind == tidewell::VolumeKindMac) {
-        setFields(record.mac.finder, file);
-        record.mac.attributes = file.attributes;
-    } else {
-        setFields(record.afp.finder, file);
-    }
-    REQUIRE(tidewell::WriteFinderInfo(paths.finderInfoPath, &record));
+    fieldsOf(finderOf(record)) = fieldsOf(file);
+    if (record.kind == tidewell::VolumeKindMac) record.mac.attributes = file.attributes;
+    need(tidewell::WriteFinderInfo(paths.finderInfoPath, &record), path);
+}
+
+MacFile readMacFile(const std::string& path) {
+    MacFile file = keptOn('F', {.data = readFile(path)});
+    tidewell::ForkPathBuffers paths;
+    tidewell::GetForkPaths(path.c_str(), paths);
+    file.hasResource = paths.resourceLength != 0 && exists(paths.resourcePath);
+    if (file.hasResource) file.resource = readFile(paths.resourcePath);
+    tidewell::FinderInfoRecord record;
+    if (paths.finderInfoLength == 0 || !tidewell::ReadFinderInfo(paths.finderInfoPath, &record)) return file;
+    fieldsOf(file) = fieldsOf(finderOf(record));
+    if (record.kind == tidewell::VolumeKindMac) file.attributes = record.mac.attributes;
+    return file;
+}
+
+MacFile keptOn(char drive, const MacFile& file) {
+    MacFile kept = file;
+    if (drive != 'M') kept.attributes = 0;
+    if (drive != 'F') return kept;
+    return {file.data, {}, false, 0, 0, 0, 0, 0, 0, 0};
 }

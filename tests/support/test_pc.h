@@ -46,9 +46,14 @@ struct MacFile {
     uint16_t horizontal = 0x0304;
     uint16_t window = 0x0506;
     uint8_t attributes = 0x01;  // kept by Mac volumes only
+
+    bool operator==(const MacFile&) const = default;
 };
 
 // On a volume of kind Mac or NTFS.
 void writeMacFile(const std::string& path, const MacFile& file);
+// What the volume keeps of the file; 0 and nothing for what it does not.
+MacFile readMacFile(const std::string& path);
+MacFile keptOn(char drive, const MacFile& file);
 
 #endif

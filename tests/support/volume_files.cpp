@@ -1,20 +1,7 @@
 #include "support/volume_files.h"
 
 #include "pc/finder_record.h"
-
-#include <algorithm>
-#include <string_view>
-
-namespace {
-
-uint32_t loadBig(const std::string& bytes, size_t offset, size_t count) {
-    uint32_t value = 0;
-    for (size_t i = 0; i < count; ++i)
-        value = value << 8 | static_cast<uint8_t>(bytes.at(offset + i));
-    return value;
-}
-
-}  // namespace
+#include "support/archive_writer.h"
 
 pc::Error openFile(pc::Volume& volume, const std::string& path, uint32_t disposition, pc::Opened& opened) {
     pc::OpenMode mode;
@@ -89,11 +76,11 @@ std::string appleDoubleHeader(const std::vector<RawEntry>& entries) {
 }
 
 std::string entryOf(const std::string& file, uint32_t id) {
-    const size_t count = loadBig(file, 24, 2);
+    const size_t count = loadBig(file.data(), 24, 2);
     for (size_t i = 0; i < count; ++i) {
         const size_t at = 26 + 12 * i;
-        if (loadBig(file, at, 4) != id) continue;
-        const size_t offset = loadBig(file, at + 4, 4), length = loadBig(file, at + 8, 4);
+        if (loadBig(file.data(), at, 4) != id) continue;
+        const size_t offset = loadBig(file.data(), at + 4, 4), length = loadBig(file.data(), at + 8, 4);
         return offset + length <= file.size() ? file.substr(offset, length) : "outside";
     }
     return "none";
@@ -107,9 +94,7 @@ std::string big32(uint32_t value) {
     return big16(value >> 16) + big16(value);
 }
 
-std::string patternText(size_t size, unsigned seed) {
-    std::string text(size, '\0');
-    for (size_t i = 0; i < size; ++i)
-        text[i] = static_cast<char>((i + seed) * 2654435761u >> 24);
-    return text;
+std::string patternText(size_t size) {
+    const Bytes bytes = patternOf(size);
+    return std::string(bytes.begin(), bytes.end());
 }

@@ -3,8 +3,10 @@
 #define TIDEWELL_TESTS_SUPPORT_VOLUME_FILES_H
 
 #include "pc/volume.h"
+#include "support/temp_folder.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -42,9 +44,20 @@ std::string appleDoubleHeader(const std::vector<RawEntry>& entries);
 // An AppleDouble file read by the format's rules: the bytes of an entry, "none" when there is none.
 std::string entryOf(const std::string& file, uint32_t id);
 
+// A folder of the host as a Mac volume.
+struct MacFolder {
+    TempFolder folder;
+    std::unique_ptr<pc::Volume> volume = pc::makeMacVolume(folder.path());
+
+    // The Finder information of an item; of the root, which has no name.
+    std::string recordOf(const std::string& item) const {
+        return contentsOf(*volume, item.empty() ? kFinderFile + 1 : item + kFinderFile);
+    }
+};
+
 std::string big16(uint32_t value);
 std::string big32(uint32_t value);
 // Bytes that tell their place.
-std::string patternText(size_t size, unsigned seed = 0);
+std::string patternText(size_t size);
 
 #endif

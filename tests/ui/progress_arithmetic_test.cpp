@@ -14,40 +14,31 @@ constexpr int64_t kSecond = 10'000'000;
 constexpr int64_t kLongest = std::numeric_limits<int64_t>::max();
 constexpr uint64_t kMost = std::numeric_limits<uint64_t>::max();
 
-struct Shown {
-    uint32_t stringId;
-    uint32_t number;
+struct Row {
+    int64_t elapsed;
+    uint64_t done;
+    uint64_t total;
+    uint32_t seconds;
+    uint32_t minutes = 0;
 };
 
-void checkEstimate(int64_t elapsed, uint64_t done, uint64_t total, Shown expected) {
-    CAPTURE(elapsed);
-    CAPTURE(done);
-    CAPTURE(total);
-    const TimeRemaining estimate = EstimateTimeRemaining(elapsed, done, total);
-    CHECK(estimate.stringId == expected.stringId);
-    if (expected.stringId != 0) CHECK(estimate.number == expected.number);
+void checkEstimate(const Row& row) {
+    CAPTURE(row.elapsed);
+    CAPTURE(row.done);
+    const TimeRemaining estimate = EstimateTimeRemaining(row.elapsed, row.done, row.total);
+    const uint32_t number = row.seconds + row.minutes;
+    const uint32_t unit = row.minutes != 0 ? IDS_MINUTES_REMAINING : IDS_SECONDS_REMAINING;
+    CHECK(estimate.stringId == (number == 0 ? 0 : unit));
+    if (number != 0) CHECK(estimate.number == number);
 }
-
-// One of two units is done, so the time that is left is the time that has passed.
-void checkRemaining(int64_t remaining, Shown expected) {
-    checkEstimate(remaining, 1, 2, expected);
-}
-
-constexpr Shown seconds(uint32_t number) {
-    return {IDS_SECONDS_REMAINING, number};
-}
-constexpr Shown minutes(uint32_t number) {
-    return {IDS_MINUTES_REMAINING, number};
-}
-constexpr Shown kNothing = {0, 0};
 
 }  // namespace
 
 TEST_CASE("The bar's shift brings any total into 16 bits") {
-    struct {
+    const struct {
         uint64_t total;
         int shift;
-    } const cases[] = {
+    } cases[] = {
         {0, 0},
         {65535, 0},
         {65536, 16},
@@ -57,52 +48,49 @@ TEST_CASE("The bar's shift brings any total into 16 bits") {
         {0x1'0000'0000'0000, 48},
         {kMost, 48},
     };
-    for (const auto& test : cases) {
-        CAPTURE(test.total);
-        CHECK(ProgressShift(test.total) == test.shift);
-    }
+    for (const auto& test : cases)
+        CHECK_MESSAGE(ProgressShift(test.total) == test.shift, test.total);
 }
 
-TEST_CASE("Up to a minute, the time remaining is rounded up to five seconds") {
-    checkRemaining(kSecond - 1, kNothing);
-    checkRemaining(kSecond, seconds(5));
-    checkRemaining(5 * kSecond, seconds(5));
-    checkRemaining(6 * kSecond - 1, seconds(5));
-    checkRemaining(6 * kSecond, seconds(10));
-    checkRemaining(43 * kSecond, seconds(45));
-    checkRemaining(60 * kSecond, seconds(60));
+TEST_CASE("The time remaining: up to a minute by five seconds, above it by minutes, two at least") {
+    // One of two units is done, so the time that is left is the time that has passed.
+    const struct {
+        int64_t remaining;
+        uint32_t seconds;
+        uint32_t minutes;
+    } rows[] = {
+        {kSecond - 1, 0, 0},        {kSecond, 5, 0},
+        {5 * kSecond, 5, 0},        {6 * kSecond - 1, 5, 0},
+        {6 * kSecond, 10, 0},       {43 * kSecond, 45, 0},
+        {60 * kSecond, 60, 0},      {60 * kSecond + 1, 0, 2},
+        {61 * kSecond, 0, 2},       {120 * kSecond, 0, 2},
+        {121 * kSecond - 1, 0, 2},  {121 * kSecond, 0, 3},
+        {150 * kSecond, 0, 3},      {24 * 3600 * kSecond, 0, 24 * 60},
+        {kLongest, 0, 0x7FFF'FFFF},
+    };
+    for (const auto& row : rows)
+        checkEstimate({row.remaining, 1, 2, row.seconds, row.minutes});
 }
 
-TEST_CASE("Above a minute, the time remaining is rounded up to minutes, two at least") {
-    checkRemaining(60 * kSecond + 1, minutes(2));
-    checkRemaining(61 * kSecond, minutes(2));
-    checkRemaining(120 * kSecond, minutes(2));
-    checkRemaining(121 * kSecond - 1, minutes(2));
-    checkRemaining(121 * kSecond, minutes(3));
-    checkRemaining(150 * kSecond, minutes(3));
-    checkRemaining(24 * 3600 * kSecond, minutes(24 * 60));
-}
-
-TEST_CASE("The time of a unit is truncated before it is multiplied") {
-    // 1.5 units of time each: as if each took one.
-    checkEstimate(15 * kSecond, 10 * kSecond, 30 * kSecond, seconds(20));
-    // Each takes less than the clock can tell.
-    checkEstimate(10 * kSecond - 1, 10 * kSecond, 1000 * kSecond, kNothing);
-}
-
-TEST_CASE("No time remaining without a rate or without work") {
-    checkEstimate(100 * kSecond, 0, 1000, kNothing);
-    checkEstimate(100 * kSecond, 1000, 1000, kNothing);
-    checkEstimate(100 * kSecond, 1001, 1000, kNothing);
-    checkEstimate(0, 1, 1000, kNothing);
-    // The clock was set back.
-    checkEstimate(-100 * kSecond, 1, 1000, kNothing);
-    checkEstimate(std::numeric_limits<int64_t>::min(), kMost - 1, kMost, kNothing);
-}
-
-TEST_CASE("A time remaining beyond all bounds stays a large number") {
-    checkEstimate(kLongest, 1, kMost, minutes(0x7FFF'FFFF));
-    checkEstimate(kLongest, 1, 2, minutes(0x7FFF'FFFF));
-    checkEstimate(kLongest / 1000, 1, 1002, minutes(0x7FFF'FFFF));
-    checkEstimate(2, uint64_t{1} << 63, kMost, kNothing);
+TEST_CASE(
+    "The time of a unit is truncated before it is multiplied, and none is told without a rate or work") {
+    const Row rows[] = {
+        // 1.5 units of time each: as if each took one.
+        {15 * kSecond, 10 * kSecond, 30 * kSecond, 20},
+        // Each takes less than the clock can tell.
+        {10 * kSecond - 1, 10 * kSecond, 1000 * kSecond, 0},
+        {100 * kSecond, 0, 1000, 0},
+        {100 * kSecond, 1000, 1000, 0},
+        {100 * kSecond, 1001, 1000, 0},
+        {0, 1, 1000, 0},
+        // The clock was set back.
+        {-100 * kSecond, 1, 1000, 0},
+        {std::numeric_limits<int64_t>::min(), kMost - 1, kMost, 0},
+        // Beyond all bounds.
+        {kLongest, 1, kMost, 0, 0x7FFF'FFFF},
+        {kLongest / 1000, 1, 1002, 0, 0x7FFF'FFFF},
+        {2, uint64_t{1} << 63, kMost, 0},
+    };
+    for (const Row& row : rows)
+        checkEstimate(row);
 }

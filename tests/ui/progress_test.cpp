@@ -1,8 +1,8 @@
 #include "ui/progress.h"
 
-#include "res/resource.h"
-#include "support/scripted_progress_display.h"
 #include "pc/pc.h"
+#include "res/resource.h"
+#include "support/scripted_user.h"
 #include "ui/progress_display.h"
 
 #include <doctest/doctest.h>
@@ -11,12 +11,12 @@
 #include <vector>
 
 using namespace tidewell;
-using scripted_display::record;
 
 namespace {
 
 constexpr int64_t kSecond = 10'000'000;
 constexpr uint64_t kTotal = 1000;
+constexpr uint64_t kMost = std::numeric_limits<uint64_t>::max();
 
 using Values = std::vector<uint16_t>;
 
@@ -24,7 +24,7 @@ using Values = std::vector<uint16_t>;
 class Progress {
   public:
     explicit Progress(BOOL startPaused = FALSE) {
-        scripted_display::reset();
+        scriptedUser = {};
         pc_.clock().set(130'000'000'000'000'000);
         dialog_ = ProgressCreate(GetModuleHandleA(nullptr), "Packing", nullptr, startPaused);
         REQUIRE(dialog_ != nullptr);
@@ -32,7 +32,7 @@ class Progress {
     }
     ~Progress() {
         ProgressDestroy(dialog_);
-        CHECK(record().destroyed == 1);
+        CHECK(scriptedUser.destroyed == 1);
         CHECK(pc_.nothingHeld());
     }
     Progress(const Progress&) = delete;
@@ -41,8 +41,9 @@ class Progress {
     operator ProgressDialog*() const { return dialog_; }
     ProgressDialog* operator->() const { return dialog_; }
 
-    void pass(int64_t seconds) { pc_.clock().advance(seconds * kSecond); }
-    uint32_t secondsRemaining() const {
+    // Seconds, after more of them have passed.
+    uint32_t remainingAfter(int64_t seconds) {
+        pc_.clock().advance(seconds * kSecond);
         const TimeRemaining estimate = ProgressTimeRemaining(*dialog_);
         if (estimate.stringId != 0) CHECK(estimate.stringId == IDS_SECONDS_REMAINING);
         return estimate.number;
@@ -53,42 +54,39 @@ class Progress {
     ProgressDialog* dialog_;
 };
 
-// What `call` leaves as the last error when it fails.
-template <typename Call>
-DWORD errorOf(Call call) {
+// The result of a call that failed with this error.
+void refused(LRESULT result, DWORD error = ERROR_INVALID_PARAMETER) {
+    CHECK(result == 0);
+    CHECK(GetLastError() == error);
     SetLastError(0);
-    CHECK(call() == 0);
-    return GetLastError();
 }
 
 }  // namespace
 
-TEST_CASE("Progress that is not there harms nothing") {
+TEST_CASE("Progress that is not there harms nothing, and null arguments change nothing") {
+    Progress progress;
     uint64_t value = 7;
     ProgressDialog* const none = nullptr;
     HICON const icon = reinterpret_cast<HICON>(1);
-    CHECK(errorOf([&] { return ProgressSetIcon(none, icon); }) == ERROR_INVALID_PARAMETER);
-    CHECK(errorOf([&] { return ProgressSetText(none, "a", "b"); }) == ERROR_INVALID_PARAMETER);
-    CHECK(errorOf([&] { return ProgressSetTotal(none, &value); }) == ERROR_INVALID_PARAMETER);
-    CHECK(errorOf([&] { return ProgressSetDone(none, &value); }) == ERROR_INVALID_PARAMETER);
-    CHECK(errorOf([&] { return ProgressAdvance(none, 1); }) == ERROR_INVALID_PARAMETER);
-    CHECK(errorOf([&] { return ProgressGetDone(none, &value); }) == ERROR_INVALID_PARAMETER);
-    CHECK(errorOf([&] { return ProgressPause(none); }) == ERROR_INVALID_PARAMETER);
-    CHECK(errorOf([&] { return ProgressResume(none); }) == ERROR_INVALID_PARAMETER);
+    refused(ProgressSetIcon(none, icon));
+    CHECK(ProgressSetIcon(progress, icon) == reinterpret_cast<LRESULT>(icon));
+    refused(ProgressSetIcon(progress, nullptr));
+    refused(ProgressSetText(none, "a", "b"));
+    refused(ProgressSetTotal(none, &value));
+    refused(ProgressSetTotal(progress, nullptr));
+    refused(ProgressSetDone(none, &value));
+    refused(ProgressSetDone(progress, nullptr));
+    refused(ProgressAdvance(none, 1));
+    refused(ProgressGetDone(none, &value));
+    refused(ProgressGetDone(progress, nullptr));
+    refused(ProgressPause(none));
+    refused(ProgressResume(none));
     CHECK(value == 7);
+    CHECK(progress->total == kTotal);
+    CHECK(scriptedUser.serves == 0);
     CHECK(ProgressPump(none) == 1);
     CHECK(ProgressWindow(none) == nullptr);
     ProgressDestroy(none);
-}
-
-TEST_CASE("Null arguments are refused and change nothing") {
-    Progress progress;
-    CHECK(errorOf([&] { return ProgressSetIcon(progress, nullptr); }) == ERROR_INVALID_PARAMETER);
-    CHECK(errorOf([&] { return ProgressSetTotal(progress, nullptr); }) == ERROR_INVALID_PARAMETER);
-    CHECK(errorOf([&] { return ProgressSetDone(progress, nullptr); }) == ERROR_INVALID_PARAMETER);
-    CHECK(errorOf([&] { return ProgressGetDone(progress, nullptr); }) == ERROR_INVALID_PARAMETER);
-    CHECK(progress->total == kTotal);
-    CHECK(record().serves == 0);
 }
 
 TEST_CASE("A progress that cannot be made is null with the reason") {
@@ -96,68 +94,42 @@ TEST_CASE("A progress that cannot be made is null with the reason") {
     const auto create = [](const char* title) {
         return ProgressCreate(GetModuleHandleA(nullptr), title, nullptr, FALSE) != nullptr;
     };
-    scripted_display::reset();
-    CHECK(errorOf([&] { return create(nullptr); }) == ERROR_INVALID_PARAMETER);
-    scripted_display::failCreate(ERROR_ACCESS_DENIED);
-    CHECK(errorOf([&] { return create("x"); }) == ERROR_ACCESS_DENIED);
-    scripted_display::reset();
+    scriptedUser = {};
+    refused(create(nullptr));
+    scriptedUser.createError = ERROR_ACCESS_DENIED;
+    refused(create("x"), ERROR_ACCESS_DENIED);
+    scriptedUser = {};
     pc.faults().failMemory(1);
-    CHECK(errorOf([&] { return create("x"); }) == ERROR_NOT_ENOUGH_MEMORY);
-    CHECK(record().created == 0);
+    refused(create("x"), ERROR_NOT_ENOUGH_MEMORY);
+    CHECK(scriptedUser.created == 0);
     CHECK(pc.nothingHeld());
 }
 
-TEST_CASE("Texts and icon reach the display, a null text leaves its line") {
+TEST_CASE("The bar follows the work in 16 bits, and is full when more is done than the total") {
     Progress progress;
-    CHECK(record().title == "Packing");
-    CHECK(ProgressSetText(progress, "first", "second"));
-    CHECK(ProgressSetText(progress, nullptr, "other"));
-    CHECK(ProgressSetText(progress, "file", nullptr));
-    CHECK(record().line1 == "file");
-    CHECK(record().line2 == "other");
-    HICON const icon = reinterpret_cast<HICON>(0x1234);
-    CHECK(ProgressSetIcon(progress, icon) == 0);
-    CHECK(ProgressSetIcon(progress, icon) == reinterpret_cast<LRESULT>(icon));
-}
-
-TEST_CASE("The bar follows the work in 16 bits") {
-    Progress progress;
-    uint64_t done = 0;
     CHECK(ProgressAdvance(progress, 400));
-    done = 900;
-    CHECK(ProgressSetDone(progress, &done));
-    CHECK(record().ranges == Values{1000});
-    CHECK(record().positions == Values{400, 900});
+    CHECK(scriptedUser.ranges == Values{1000});
+    CHECK(scriptedUser.positions == Values{400});
     // Each step serves the display, setting the total does not.
-    CHECK(record().serves == 2);
+    CHECK(scriptedUser.serves == 1);
 
-    uint64_t total = 0x30'0000'0001;
+    const uint64_t total = 0x30'0000'0001;
+    uint64_t done = 0x1F'FFFF'FFFF;
     CHECK(ProgressSetTotal(progress, &total));
-    done = 0x1F'FFFF'FFFF;
     CHECK(ProgressSetDone(progress, &done));
     CHECK(ProgressAdvance(progress, 1));
     CHECK(ProgressGetDone(progress, &done));
     CHECK(done == 0x20'0000'0000);
-    CHECK(record().ranges == Values{1000, 0x30});
-    CHECK(record().positions == Values{400, 900, 0x1F, 0x20});
-}
-
-TEST_CASE("More done than the total raises the total, and the bar is full") {
-    Progress progress;
-    CHECK(ProgressAdvance(progress, 70000));
-    CHECK(progress->total == 70000);
-    CHECK(progress->shift == 16);
-    CHECK(record().ranges == Values{1000, 1});
-    CHECK(record().positions == Values{1});
-    uint64_t done = std::numeric_limits<uint64_t>::max();
-    CHECK(ProgressSetDone(progress, &done));
-    CHECK(record().ranges.back() == 0xFFFF);
-    CHECK(record().positions.back() == 0xFFFF);
+    CHECK(ProgressSetDone(progress, &kMost));
+    CHECK(progress->total == kMost);
+    CHECK(progress->shift == 48);
+    CHECK(scriptedUser.ranges == Values{1000, 0x30, 0xFFFF});
+    CHECK(scriptedUser.positions == Values{400, 0x1F, 0x20, 0xFFFF});
 }
 
 TEST_CASE("Only the pump tells of a cancel, and tells it ever after") {
     Progress progress;
-    scripted_display::cancelAtServe(2);
+    scriptedUser.cancelAtServe = 2;
     CHECK(ProgressPump(progress) == 1);
     CHECK(ProgressAdvance(progress, 1) == 1);
     CHECK(ProgressAdvance(progress, 1) == 1);
@@ -168,51 +140,38 @@ TEST_CASE("Only the pump tells of a cancel, and tells it ever after") {
 TEST_CASE("The time remaining comes from the running clock alone") {
     Progress progress(TRUE);
     CHECK(ProgressAdvance(progress, 250));
-    progress.pass(100);
-    CHECK(progress.secondsRemaining() == 0);
+    CHECK(progress.remainingAfter(100) == 0);
     CHECK(ProgressResume(progress));
-    CHECK(progress.secondsRemaining() == 0);
-    progress.pass(10);
-    CHECK(progress.secondsRemaining() == 30);
+    CHECK(progress.remainingAfter(0) == 0);
+    CHECK(progress.remainingAfter(10) == 30);
 
     CHECK(ProgressPause(progress));
-    CHECK(progress.secondsRemaining() == 0);
-    progress.pass(1000);
+    CHECK(progress.remainingAfter(1000) == 0);
     CHECK(ProgressPause(progress));
-    progress.pass(1000);
+    CHECK(progress.remainingAfter(1000) == 0);
     CHECK(ProgressResume(progress));
-    CHECK(progress.secondsRemaining() == 0);
-    progress.pass(1000);
+    CHECK(progress.remainingAfter(1000) == 0);
     CHECK(ProgressResume(progress));
-    CHECK(progress.secondsRemaining() == 30);
-    progress.pass(5);
-    CHECK(progress.secondsRemaining() == 45);
+    CHECK(progress.remainingAfter(0) == 30);
+    CHECK(progress.remainingAfter(5) == 45);
 }
 
 TEST_CASE("The outermost pause shows the display, the outermost resume serves it") {
-    Progress progress;
-    CHECK(record().shows == 0);
-    CHECK(ProgressPause(progress));
-    CHECK(ProgressPause(progress));
-    CHECK(record().shows == 1);
-    CHECK(ProgressResume(progress));
-    CHECK(record().serves == 0);
-    CHECK(ProgressResume(progress));
-    CHECK(record().serves == 1);
-    const int64_t clock = progress->clock;
-    progress.pass(1);
-    CHECK(errorOf([&] { return ProgressResume(progress); }) == ERROR_INVALID_PARAMETER);
-    CHECK(progress->clock == clock);
-    CHECK(progress->pauses == 0);
-    CHECK(record().serves == 1);
-}
-
-TEST_CASE("A progress that starts paused is not shown until a pause of its own") {
-    Progress progress(TRUE);
-    CHECK(ProgressPause(progress));
-    CHECK(record().shows == 0);
-    CHECK(ProgressResume(progress));
-    CHECK(ProgressResume(progress));
-    CHECK(ProgressPause(progress));
-    CHECK(record().shows == 1);
+    for (const BOOL startPaused : {FALSE, TRUE}) {
+        Progress progress(startPaused);
+        const int shows = startPaused ? 0 : 1;  // not until a pause of its own
+        if (!startPaused) CHECK(ProgressPause(progress));
+        CHECK(ProgressPause(progress));
+        CHECK(scriptedUser.shows == shows);
+        CHECK(ProgressResume(progress));
+        CHECK(scriptedUser.serves == 0);
+        CHECK(ProgressResume(progress));
+        CHECK(scriptedUser.serves == 1);
+        const int64_t clock = progress->clock;
+        refused(ProgressResume(progress));
+        CHECK(progress->clock == clock);
+        CHECK(progress->pauses == 0);
+        CHECK(ProgressPause(progress));
+        CHECK(scriptedUser.shows == shows + 1);
+    }
 }

@@ -1,0 +1,25 @@
+#include "support/mac_names.h"
+
+#include <algorithm>
+
+MacNameBytes::MacNameBytes(const std::string& name) {
+    bytes[0] = static_cast<uint8_t>(name.size());
+    std::copy(name.begin(), name.end(), bytes + 1);
+}
+
+Answer ask(MacNameOperation* operation, const std::string& folder, const std::string& macName,
+           size_t capacity) {
+    char path[520] = "";
+    const tidewell::ErrorCode error =
+        operation(folder.c_str(), MacNameBytes(macName), 0, path, static_cast<DWORD>(capacity));
+    return {error, error == 0 ? path : ""};
+}
+
+Answer askUnicode(const std::string& folder, std::u16string_view name) {
+    uint16_t units[300] = {};
+    std::copy(name.begin(), name.end(), units);
+    char path[520] = "";
+    const tidewell::ErrorCode error = tidewell::LookUpUnicodeMacName(
+        folder.c_str(), static_cast<DWORD>(name.size()), units, path, sizeof path);
+    return {error, error == 0 ? path : ""};
+}

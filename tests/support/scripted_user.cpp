@@ -1,0 +1,58 @@
+#include "support/scripted_user.h"
+
+#include "base/file.h"
+#include "ui/confirm_replace.h"
+#include "ui/progress_display.h"
+
+ScriptedUser scriptedUser;
+
+namespace tidewell {
+
+int ConfirmFileReplace(HWND, const char* filePath, BOOL moreFollow) {
+    if (!MayExist(filePath)) return IDYES;
+    ++scriptedUser.asked;
+    scriptedUser.several = moreFollow != FALSE;
+    return scriptedUser.answer;
+}
+
+namespace progress_display {
+
+BOOL create(ProgressDialog&, const char*, HWND) {
+    if (scriptedUser.createError != 0) {
+        SetLastError(scriptedUser.createError);
+        return FALSE;
+    }
+    ++scriptedUser.created;
+    return TRUE;
+}
+
+void destroy(ProgressDialog&) {
+    ++scriptedUser.destroyed;
+}
+
+LRESULT setIcon(ProgressDialog&, HICON icon) {
+    return reinterpret_cast<LRESULT>(icon);
+}
+
+void setText(ProgressDialog&, const char* line1, const char*) {
+    if (line1) scriptedUser.line1 = line1;
+}
+
+void setRange(ProgressDialog&, uint16_t range) {
+    scriptedUser.ranges.push_back(range);
+}
+
+void setPosition(ProgressDialog&, uint16_t position) {
+    scriptedUser.positions.push_back(position);
+}
+
+void showNow(ProgressDialog&) {
+    ++scriptedUser.shows;
+}
+
+void serve(ProgressDialog& progress) {
+    if (++scriptedUser.serves == scriptedUser.cancelAtServe) progress.cancelled = 1;
+}
+
+}  // namespace progress_display
+}  // namespace tidewell

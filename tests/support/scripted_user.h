@@ -1,0 +1,32 @@
+// What the user sees and answers in tests without windows: the display of a ProgressDialog and the replace
+// question, told beforehand what to do. A TestPc begins a new script.
+#ifndef TIDEWELL_TESTS_SUPPORT_SCRIPTED_USER_H
+#define TIDEWELL_TESTS_SUPPORT_SCRIPTED_USER_H
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+struct ScriptedUser {
+    // The script.
+    int answer = IDYES;     // to every replace question
+    int cancelAtServe = 0;  // the n-th time that the display is served
+    DWORD createError = 0;  // the display cannot be made
+
+    // The record.
+    int asked = 0;
+    bool several = false;  // files follow, said the last question
+    std::string line1;
+    std::vector<uint16_t> ranges;
+    std::vector<uint16_t> positions;
+    int shows = 0;
+    int serves = 0;
+    int created = 0;
+    int destroyed = 0;
+};
+
+extern ScriptedUser scriptedUser;
+
+#endif
