@@ -28,8 +28,8 @@ std::string windowsPathOf(const std::string& typed);
 // Equal for the paths that the host takes for one.
 std::string pathKeyOf(const std::string& windowsPath);
 
-// Whether both, as typed, name one existing file, by whatever links.
-bool areOneFile(const std::string& a, const std::string& b);
+// Equal for all links that lead to one existing file, as typed; empty when there is none.
+std::string identityOf(const std::string& typed);
 
 // A file name as Windows programs see it.
 std::string windowsNameOf(const std::string& typedName);

@@ -140,9 +140,9 @@ std::string pathKeyOf(const std::string& windowsPath) {
     return windowsPath;
 }
 
-bool areOneFile(const std::string& a, const std::string& b) {
-    std::error_code error;
-    return std::filesystem::equivalent(a, b, error);
+std::string identityOf(const std::string& typed) {
+    pc::HostStatus status;
+    return pc::hostStatus(typed, status) == 0 ? status.identity : std::string();
 }
 
 std::string windowsNameOf(const std::string& typedName) {

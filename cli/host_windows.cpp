@@ -98,18 +98,13 @@ std::string pathKeyOf(const std::string& windowsPath) {
     return key;
 }
 
-bool areOneFile(const std::string& a, const std::string& b) {
-    BY_HANDLE_FILE_INFORMATION information[2] = {};
-    const char* const paths[2] = {a.c_str(), b.c_str()};
-    tidewell::OwnedFile files[2];
-    for (int i = 0; i < 2; ++i) {
-        files[i] = tidewell::OwnedFile(CreateFileA(paths[i], 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-        if (!files[i] || !GetFileInformationByHandle(files[i].get(), &information[i])) return false;
-    }
-    return information[0].dwVolumeSerialNumber == information[1].dwVolumeSerialNumber &&
-           information[0].nFileIndexHigh == information[1].nFileIndexHigh &&
-           information[0].nFileIndexLow == information[1].nFileIndexLow;
+std::string identityOf(const std::string& typed) {
+    const tidewell::OwnedFile file(CreateFileA(typed.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                               OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    BY_HANDLE_FILE_INFORMATION information = {};
+    if (!file || !GetFileInformationByHandle(file.get(), &information)) return {};
+    return std::to_string(information.dwVolumeSerialNumber) + ":" +
+           std::to_string(information.nFileIndexHigh) + ":" + std::to_string(information.nFileIndexLow);
 }
 
 std::string windowsNameOf(const std::string& typedName) {

@@ -17,7 +17,7 @@ namespace {
 // The library asks through a plain function, so the run's state is here.
 struct ProtectedFile {
     std::string key;
-    std::string typed;
+    std::string identity;
     std::string reason;
 };
 
@@ -81,8 +81,10 @@ int decide(const std::string& path, bool several) {
     const bool nothingThere = !tidewell::MayExist(path.c_str());
     if (nothingThere && !(policy.writesInPlace && leftMacInformation(name))) return IDYES;
     const std::string output = shownOn(Stream::errors, name);
+    const std::string key = pathKeyOf(path);
+    const std::string identity = identityOf(name);
     for (const ProtectedFile& file : policy.protectedFiles) {
-        if (file.key == pathKeyOf(path) || areOneFile(file.typed, name))
+        if (file.key == key || (!identity.empty() && file.identity == identity))
             return refuse(ERROR_SHARING_VIOLATION, output + " " + file.reason + ".");
     }
     int answer = policy.replace == Replace::yes ? IDYES : IDNO;
@@ -105,7 +107,7 @@ void beginReplacing(Replace replace, const std::string& typedFolder, bool writes
 }
 
 void protect(const std::string& windowsPath, const std::string& typedPath, const std::string& reason) {
-    policy.protectedFiles.push_back({pathKeyOf(windowsPath), typedPath, reason});
+    policy.protectedFiles.push_back({pathKeyOf(windowsPath), identityOf(typedPath), reason});
 }
 
 void endReplacing(bool done) {

@@ -71,12 +71,15 @@ std::string hostNameFor(const MacName& macName) {
     return hostNameFromUnicodeMac(std::get<std::u16string>(macName));
 }
 
-bool standsFor(std::string_view hostName, const MacName& macName) {
+bool hasOneHostName(const MacName& macName) {
     const auto* const roman = std::get_if<std::string>(&macName);
-    // No character of Mac Roman is shorter in UTF-8: most files of a folder are told apart without more work.
-    if (roman != nullptr && hostName.size() < roman->size()) return false;
-    if (roman != nullptr && isAscii(hostName) && hostName.size() != roman->size()) return false;
+    return roman != nullptr && isAscii(*roman) && roman->find('/') == std::string::npos &&
+           replaceReserved(*roman) == *roman && hostNameFromMac(*roman) == *roman;
+}
+
+bool standsFor(std::string_view hostName, const MacName& macName) {
     const std::string name = slashesForColons(hostName);
+    const auto* const roman = std::get_if<std::string>(&macName);
     if (roman == nullptr) return utf16FromUtf8(name) == std::get<std::u16string>(macName);
     // A character that Mac Roman lacks is one more "_".
     return macRomanFromUtf8(name) == *roman &&

@@ -27,6 +27,10 @@ std::string hostNameFromMac(std::string_view macRoman);
 std::string hostNameFromUnicodeMac(std::u16string_view macName);
 std::string hostNameFor(const MacName& macName);
 
+// Whether no host name but the usual one can stand for this Mac name: it is plain ASCII, in which nothing is
+// composed or reserved. The rest of a folder need not be looked at then.
+bool hasOneHostName(const MacName& macName);
+
 // Whether the host's name stands for this Mac name and no other: nothing of it was cut off or replaced.
 bool standsFor(std::string_view hostName, const MacName& macName);
 

@@ -305,7 +305,7 @@ Error MacVolume::findInFolder(const std::string& path, const MacName& name, MacI
     };
     const std::string usual = hostNameFor(name);
     const Error found = place(usual);
-    if (found != kFileNotFound) return found;
+    if (found != kFileNotFound || hasOneHostName(name)) return found;
     std::vector<HostItem> items;
     const Error unread = hostList(folder.item.path, items);
     if (unread != 0) return unread;
