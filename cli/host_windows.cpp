@@ -139,16 +139,15 @@ tidewell::ErrorCode setAside(const std::string& typed, const std::string& aside)
     const DWORD attributes = GetFileAttributesA(typed.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return GetLastError();
     if ((attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0) return ERROR_ACCESS_DENIED;
-    tidewell::ForkPathBuffers paths;
-    lstrcpynA(paths.dataPath, typed.c_str(), tidewell::kPathCapacity);
-    tidewell::GetForkPaths(paths.dataPath, paths);
+    char finderInfoPath[tidewell::kPathCapacity];
+    const DWORD size =
+        tidewell::GetFinderInfoPath(windowsPathOf(typed).c_str(), finderInfoPath, sizeof finderInfoPath);
     tidewell::FinderInfoRecord record;
     const bool known =
-        paths.finderInfoLength != 0 && tidewell::ReadFinderInfo(paths.finderInfoPath, &record) != 0;
+        size != 0 && size <= sizeof finderInfoPath && tidewell::ReadFinderInfo(finderInfoPath, &record) != 0;
     if (!MoveFileA(typed.c_str(), aside.c_str())) return GetLastError();
     tidewell::ErrorCode error = createEmpty(typed);
-    if (error == 0 && known && !tidewell::WriteFinderInfo(paths.finderInfoPath, &record))
-        error = GetLastError();
+    if (error == 0 && known && !tidewell::WriteFinderInfo(finderInfoPath, &record)) error = GetLastError();
     if (error != 0) bringBack(aside, typed);
     return error;
 }

@@ -45,7 +45,8 @@ TIDEWELL_VECTOR_FUNCTION __m128i folded(__m128i value, __m128i factors, __m128i 
 // Takes one block or more.
 TIDEWELL_VECTOR_FUNCTION void foldBlocks(uint16_t crc, const uint8_t* bytes, size_t blocks,
                                          uint8_t* remainder) {
-    __m128i a = _mm_xor_si128(load(bytes), _mm_set_epi64x(static_cast<long long>(uint64_t{crc} << 48), 0));
+    const uint64_t before = uint64_t{crc} << 48;
+    __m128i a = _mm_xor_si128(load(bytes), _mm_set_epi64x(static_cast<long long>(before), 0));
     __m128i b = load(bytes + 16);
     __m128i c = load(bytes + 32);
     __m128i d = load(bytes + 48);

@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 
 #include <cstdio>
+#include <fstream>
 #include <string>
 
 namespace {
@@ -57,4 +58,26 @@ TEST_CASE("The command packs files and tells how it went") {
         CHECK(packed.bytes().size() == 128 + 1024 + 128);
     }
     CHECK(run("--version").output.substr(0, 9) == "tidewell ");
+}
+
+TEST_CASE("The command extracts files, and brings back what it cannot replace") {
+    const RealMacFile file("COMMAND.TXT", 1000, 10);
+    const RealFile packed("COMMAND.BIN");
+    REQUIRE(run("pack COMMAND.TXT").status == 0);
+    const std::string original = file.bytes();
+    std::ofstream(file.path(), std::ios::binary) << "another";
+    const Run replaced = run("extract --replace=yes COMMAND.BIN");
+    CHECK(replaced.status == 0);
+    CHECK(replaced.output == "extracted COMMAND.BIN -> COMMAND.TXT\n");
+    CHECK(file.bytes() == original);
+
+    // The secondary header that it claims moves the forks behind the file's end; it has no CRC to tell.
+    std::string damaged = packed.bytes();
+    damaged[121] = 100;
+    damaged[124] = damaged[125] = 0;
+    const RealFile cut("CUT.BIN", damaged);
+    CHECK(run("extract --replace=yes CUT.BIN").status == 1);
+    CHECK(file.bytes() == original);
+    WIN32_FIND_DATAA found;
+    CHECK(FindFirstFileA("tw*.tmp", &found) == INVALID_HANDLE_VALUE);
 }
