@@ -170,7 +170,12 @@ tidewell::ErrorCode setAside(const std::string& typed, const std::string& aside)
     tidewell::ErrorCode error = leftMacInformation(typed) ? 0 : moveFileAside(typed, aside);
     if (error != 0 || !isThere(macInformationOf(typed))) return error;
     error = pc::hostMove(macInformationOf(typed), macInformationOf(aside));
-    if (error == 0) error = copyFile(macInformationOf(aside), macInformationOf(typed));
+    if (error != 0) {
+        // Nothing but the file itself has moved.
+        if (isThere(aside)) pc::hostMove(aside, typed);
+        return error;
+    }
+    error = copyFile(macInformationOf(aside), macInformationOf(typed));
     if (error != 0) bringBack(aside, typed);
     return error;
 }
