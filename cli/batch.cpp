@@ -5,6 +5,7 @@
 #include "macfile/path.h"
 #include "module/module_state.h"
 
+#include <optional>
 #include <vector>
 
 namespace cli {
@@ -39,6 +40,9 @@ Result runOne(Batch& batch, const Command& command, const Source& source) {
     if (!tidewell::ProgressPump(batch.progress)) return {{ERROR_CANCELLED, {}}, {}};
     const Failure failure = command.check(source.windows);
     if (failure.error != 0) return {failure, {}};
+    // Two processes must not write to one file, each a fork of it.
+    std::optional<FolderLock> lock;
+    if (command.writesInPlace) lock.emplace(batch.typedFolder);
     Result result = command.run(batch, source);
     endReplacing(result.failure.error == 0);
     if (const std::string refusal = takeRefusal(); !refusal.empty()) result.failure.text = refusal;

@@ -1,7 +1,6 @@
 #include "extract.h"
 
 #include "batch.h"
-#include "host.h"
 
 #include "convert/extract_original.h"
 
@@ -25,8 +24,6 @@ std::string explanationOf(tidewell::ErrorCode error) {
 
 Result extractFile(Batch& batch, const Source& source) {
     char output[tidewell::kPathCapacity] = "";
-    // Two processes must not write to one file, each a fork of it.
-    const FolderLock lock(batch.typedFolder);
     DWORD flags = batch.moreFollow ? tidewell::kMoreFollow : 0;
     const tidewell::ErrorCode error = tidewell::ExtractOriginal(
         {nullptr, source.windows.c_str(), batch.windowsFolder.c_str(), &flags, batch.progress, output});

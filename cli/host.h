@@ -41,20 +41,6 @@ std::string freshNameIn(const std::string& typedFolder);
 // replaced, or 80 when it may not be; `from` then keeps its name.
 tidewell::ErrorCode rename(const std::string& from, const std::string& to, bool mayReplace);
 
-// Whether the Mac information of a file that is gone is still there; a new file of the name would get it.
-bool leftMacInformation(const std::string& typed);
-
-// Gives a Mac file, with all that belongs to it, the name `aside` in its folder, which nothing has yet; both
-// are as typed. Finder information that a new file of the old name is to begin with stays for it. 5 for what
-// is no file, or is not to be written to. A link is moved, and not what it leads to.
-tidewell::ErrorCode setAside(const std::string& typed, const std::string& aside);
-
-// Undoes setAside: what has the name now goes.
-tidewell::ErrorCode bringBack(const std::string& aside, const std::string& typed);
-
-// Deletes a file that was set aside.
-tidewell::ErrorCode discard(const std::string& aside);
-
 // While it lives no other process of this command works in the folder, as typed, under such a lock; where the
 // system has no such locks, it is none. Waits for the other, or for the interrupt key.
 class FolderLock {

@@ -79,33 +79,6 @@ std::filesystem::path fullPathOf(const std::string& typed) {
     return namesFolder ? full : full / path.filename();
 }
 
-// Where the PC's volume keeps what a Mac file has beside its data fork.
-std::string macInformationOf(const std::string& typed) {
-    const std::filesystem::path path = typed;
-    return (path.parent_path() / (std::string(pc::kDriverPrefix) + path.filename().string())).string();
-}
-
-// A link counts as well, wherever it leads.
-bool isThere(const std::string& typed) {
-    std::error_code error;
-    return std::filesystem::exists(std::filesystem::symlink_status(typed, error));
-}
-
-tidewell::ErrorCode moveFileAside(const std::string& typed, const std::string& aside) {
-    pc::HostStatus status;
-    const tidewell::ErrorCode error = pc::hostStatus(typed, status);
-    if (error != 0) return error;
-    if (status.kind != pc::HostKind::file || !status.ownerMayWrite) return ERROR_ACCESS_DENIED;
-    return pc::hostMove(typed, aside);
-}
-
-tidewell::ErrorCode copyFile(const std::string& from, const std::string& to) {
-    std::error_code error;
-    if (std::filesystem::copy_file(from, to, error)) return 0;
-    pc::hostRemove(to);
-    return error == std::errc::no_space_on_device ? ERROR_DISK_FULL : ERROR_ACCESS_DENIED;
-}
-
 }  // namespace
 
 Host::Host() {
@@ -153,46 +126,16 @@ std::string freshNameIn(const std::string& typedFolder) {
     std::error_code error;
     for (unsigned n = 0;; ++n) {
         std::string name = ".tidewell-" + std::to_string(getpid()) + "-" + std::to_string(n);
-        const std::filesystem::path path = std::filesystem::path(typedFolder) / name;
-        if (!std::filesystem::exists(std::filesystem::symlink_status(path, error))) return name;
+        const std::string information = std::string(pc::kDriverPrefix) + name;
+        const std::filesystem::path folder = typedFolder;
+        if (!std::filesystem::exists(std::filesystem::symlink_status(folder / name, error)) &&
+            !std::filesystem::exists(std::filesystem::symlink_status(folder / information, error)))
+            return name;
     }
 }
 
 tidewell::ErrorCode rename(const std::string& from, const std::string& to, bool mayReplace) {
     return mayReplace ? pc::hostReplace(from, to) : pc::hostMove(from, to);
-}
-
-bool leftMacInformation(const std::string& typed) {
-    return !isThere(typed) && isThere(macInformationOf(typed));
-}
-
-tidewell::ErrorCode setAside(const std::string& typed, const std::string& aside) {
-    tidewell::ErrorCode error = leftMacInformation(typed) ? 0 : moveFileAside(typed, aside);
-    if (error != 0 || !isThere(macInformationOf(typed))) return error;
-    error = pc::hostMove(macInformationOf(typed), macInformationOf(aside));
-    if (error != 0) {
-        // Nothing but the file itself has moved.
-        if (isThere(aside)) pc::hostMove(aside, typed);
-        return error;
-    }
-    error = copyFile(macInformationOf(aside), macInformationOf(typed));
-    if (error != 0) bringBack(aside, typed);
-    return error;
-}
-
-tidewell::ErrorCode bringBack(const std::string& aside, const std::string& typed) {
-    const tidewell::ErrorCode error = isThere(aside)   ? pc::hostReplace(aside, typed)
-                                      : isThere(typed) ? pc::hostRemove(typed)
-                                                       : 0;
-    if (error != 0) return error;
-    if (isThere(macInformationOf(aside)))
-        return pc::hostReplace(macInformationOf(aside), macInformationOf(typed));
-    return isThere(macInformationOf(typed)) ? pc::hostRemove(macInformationOf(typed)) : 0;
-}
-
-tidewell::ErrorCode discard(const std::string& aside) {
-    const tidewell::ErrorCode error = isThere(aside) ? pc::hostRemove(aside) : 0;
-    return error == 0 && isThere(macInformationOf(aside)) ? pc::hostRemove(macInformationOf(aside)) : error;
 }
 
 FolderLock::FolderLock(const std::string& typedFolder)

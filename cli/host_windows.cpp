@@ -1,8 +1,6 @@
 #include "host.h"
 
 #include "base/owned.h"
-#include "macfile/finder_info.h"
-#include "macfile/fork_paths.h"
 #include "module/module_state.h"
 
 #include <algorithm>
@@ -61,12 +59,6 @@ tidewell::ErrorCode replaceFile(const std::string& from, const std::string& to) 
     if (function == nullptr) return ERROR_CALL_NOT_IMPLEMENTED;
     const auto move = reinterpret_cast<MoveFileEx>(reinterpret_cast<void*>(function));
     return move(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) ? 0 : GetLastError();
-}
-
-tidewell::ErrorCode createEmpty(const std::string& typed) {
-    const tidewell::OwnedFile file(
-        CreateFileA(typed.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
-    return file ? 0 : GetLastError();
 }
 
 bool endsFolder(const std::string& folder) {
@@ -131,40 +123,16 @@ tidewell::ErrorCode rename(const std::string& from, const std::string& to, bool 
     return error == ERROR_ALREADY_EXISTS ? ERROR_FILE_EXISTS : error;
 }
 
-bool leftMacInformation(const std::string& /*typed*/) {
-    return false;  // it goes with its file
-}
-
-tidewell::ErrorCode setAside(const std::string& typed, const std::string& aside) {
-    const DWORD attributes = GetFileAttributesA(typed.c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES) return GetLastError();
-    if ((attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0) return ERROR_ACCESS_DENIED;
-    char finderInfoPath[tidewell::kPathCapacity];
-    const DWORD size =
-        tidewell::GetFinderInfoPath(windowsPathOf(typed).c_str(), finderInfoPath, sizeof finderInfoPath);
-    tidewell::FinderInfoRecord record;
-    const bool known =
-        size != 0 && size <= sizeof finderInfoPath && tidewell::ReadFinderInfo(finderInfoPath, &record) != 0;
-    if (!MoveFileA(typed.c_str(), aside.c_str())) return GetLastError();
-    tidewell::ErrorCode error = createEmpty(typed);
-    if (error == 0 && known && !tidewell::WriteFinderInfo(finderInfoPath, &record)) error = GetLastError();
-    if (error != 0) bringBack(aside, typed);
-    return error;
-}
-
-tidewell::ErrorCode bringBack(const std::string& aside, const std::string& typed) {
-    return rename(aside, typed, GetFileAttributesA(typed.c_str()) != INVALID_FILE_ATTRIBUTES);
-}
-
-tidewell::ErrorCode discard(const std::string& aside) {
-    return DeleteFileA(aside.c_str()) ? 0 : GetLastError();
-}
-
 FolderLock::FolderLock(const std::string& typedFolder) {
-    std::string name = "tidewell:" + pathKeyOf(windowsPathOf(typedFolder.empty() ? "." : typedFolder));
+    constexpr size_t kLongest = 200;  // characters; a mutex's name has at most 260
+    constexpr DWORD kWaitStep = 100;  // ms
+    std::string name = pathKeyOf(windowsPathOf(typedFolder.empty() ? "." : typedFolder));
+    if (endsFolder(name)) name.pop_back();
+    if (name.size() > kLongest) name.erase(0, name.size() - kLongest);
     std::replace(name.begin(), name.end(), '\\', '/');
-    HANDLE const mutex = CreateMutexA(nullptr, FALSE, name.c_str());
-    if (mutex) WaitForSingleObject(mutex, INFINITE);
+    HANDLE const mutex = CreateMutexA(nullptr, FALSE, ("tidewell:" + name).c_str());
+    while (mutex && WaitForSingleObject(mutex, kWaitStep) == WAIT_TIMEOUT && !interrupted()) {
+    }
     handle_ = reinterpret_cast<intptr_t>(mutex);
 }
 

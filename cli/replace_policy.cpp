@@ -2,6 +2,7 @@
 
 #include "host.h"
 #include "report.h"
+#include "set_aside.h"
 #include "base/text.h"
 #include "macfile/path.h"
 #include "res/replace_texts.h"
@@ -27,8 +28,7 @@ struct Policy {
     bool writesInPlace = false;
     std::vector<ProtectedFile> protectedFiles;
     std::string refusal;
-    std::string replaced;  // as typed; empty: no file is set aside
-    std::string aside;
+    SetAside aside;
 };
 Policy policy;
 
@@ -70,10 +70,9 @@ int refuse(tidewell::ErrorCode error, const std::string& reason) {
 
 int giveUp(const std::string& name) {
     const std::string aside = typedPathOf(policy.typedFolder, freshNameIn(policy.typedFolder).c_str());
-    if (const tidewell::ErrorCode error = setAside(name, aside)) return refuse(error, {});
-    policy.replaced = name;
-    policy.aside = aside;
-    return IDYES;
+    policy.aside = SetAside();
+    const tidewell::ErrorCode error = policy.aside.begin(name, aside);
+    return error == 0 ? IDYES : refuse(error, {});
 }
 
 int decide(const std::string& path, bool several) {
@@ -103,7 +102,7 @@ int decide(const std::string& path, bool several) {
 }  // namespace
 
 void beginReplacing(Replace replace, const std::string& typedFolder, bool writesInPlace) {
-    policy = {replace, typedFolder, writesInPlace, {}, {}, {}, {}};
+    policy = {replace, typedFolder, writesInPlace, {}, {}, {}};
 }
 
 void protect(const std::string& windowsPath, const std::string& typedPath, const std::string& reason) {
@@ -111,12 +110,15 @@ void protect(const std::string& windowsPath, const std::string& typedPath, const
 }
 
 void endReplacing(bool done) {
-    const std::string replaced = std::exchange(policy.replaced, {});
-    if (replaced.empty()) return;
-    const tidewell::ErrorCode error = done ? discard(policy.aside) : bringBack(policy.aside, replaced);
-    if (error != 0)
-        reportNote("the former " + shownOn(Stream::errors, replaced) + " is now " +
-                   shownOn(Stream::errors, policy.aside));
+    SetAside aside = std::exchange(policy.aside, {});
+    if (aside.what().empty()) return;
+    if (done) {
+        aside.discard();
+    } else {
+        aside.bringBack();
+    }
+    if (const std::string what = aside.what(); !what.empty())
+        reportNote("the former " + shownOn(Stream::errors, what));
 }
 
 std::string takeRefusal() {

@@ -15,7 +15,7 @@ class MacNames {
     virtual ~MacNames() = default;
 
     // The item with that Mac name in the folder, or the one that a file of that name would take the place of:
-    // two Mac names may stand for one host name. A resource fork whose file is gone is an item, too.
+    // two Mac names may stand for one host name. Mac information whose file is gone is an item, too.
     // `windowsName` receives its name on Windows. 2: there is none, and `windowsName` is what `create` would
     // give; 3: no such folder.
     virtual Error find(const std::string& folder, const MacName& name, std::string& windowsName) = 0;

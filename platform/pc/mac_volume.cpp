@@ -57,6 +57,7 @@ class MacVolume final : public Volume, public MacNames {
     };
 
     std::string hostPathOf(const std::vector<std::string>& components) const;
+    std::string folderOf(const MacItem& item) const;
     Error locate(const std::string& path, Place& place) const;
     Error locateExisting(const std::string& path, Place& place) const;
     std::string storePath(const Place& place) const;
@@ -92,6 +93,11 @@ std::string MacVolume::hostPathOf(const std::vector<std::string>& components) co
     return path;
 }
 
+std::string MacVolume::folderOf(const MacItem& item) const {
+    const size_t slash = item.path.rfind('/');
+    return item.root || slash < root_.size() ? root_ : item.path.substr(0, slash);
+}
+
 Error MacVolume::locate(const std::string& path, Place& place) const {
     VolumePath parsed;
     const Error error = parseVolumePath(path, StreamNames::none, parsed);
@@ -105,9 +111,8 @@ Error MacVolume::locate(const std::string& path, Place& place) const {
     MacItem& item = place.item;
     item.root = components.empty();
     item.path = hostPathOf(components);
-    const size_t slash = item.path.rfind('/');
-    item.name = item.path.substr(slash + 1);
-    place.folder = item.root || slash < root_.size() ? root_ : item.path.substr(0, slash);
+    item.name = item.path.substr(item.path.rfind('/') + 1);
+    place.folder = folderOf(item);
     if (item.root && item.name.empty()) item.name = kUnnamedVolume;
     for (size_t i = 0; i < components.size(); ++i) {
         if (!belongsToDriver(components[i])) continue;
@@ -326,13 +331,13 @@ Error MacVolume::find(const std::string& folder, const MacName& name, std::strin
     return error == 0 ? kFileNotFound : error == kFileExists ? 0 : error;
 }
 
-// The Mac information that a former file of an item's name left behind, if any. 80 when it has a resource
-// fork: that may be all that is left of what was moved without it, and is no other file's to write over.
+// What is beside a file that is not there yet. 80 when a former file of the name left its Mac information: it
+// may be all that is left of a file that was moved without it, and is no other file's to write over.
 Error MacVolume::openRemains(const MacItem& item, Place& place, Store& store) {
     place.item = item;
-    place.folder = item.path.substr(0, item.path.rfind('/'));
+    place.folder = folderOf(item);
     const Error error = openStore(place, store);
-    return error == 0 && store->length(kResourceFork) != 0 ? kFileExists : error;
+    return error == 0 && store->exists() ? kFileExists : error;
 }
 
 Error MacVolume::create(const std::string& folder, const MacName& name, std::string& windowsName) {
@@ -360,10 +365,9 @@ Error MacVolume::create(const std::string& folder, const MacName& name, std::str
     return error;
 }
 
-// Mac information that a former file of the name left behind is not the new one's to change.
 Error MacVolume::keepRealName(Place& place, AppleDouble& store, const std::string& macName) {
     const Error error = hostStatus(place.item.path, place.item.status);
-    if (error != 0 || store.exists()) return error;
+    if (error != 0) return error;
     std::vector<AppleDoubleEdit> edits = newAppleDoubleEntries(place.item);
     for (AppleDoubleEdit& edit : edits) {
         if (edit.id == kRealName) edit.bytes.assign(macName.begin(), macName.end());

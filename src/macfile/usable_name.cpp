@@ -26,6 +26,13 @@ void cutEnd(char* name) {
     }
 }
 
+// The first half of a double-byte character would take what follows the name for its second half.
+void replaceHalfCharacter(char* name) {
+    for (char* at = name; *at != '\0'; at += nextCharacter(at) - at) {
+        if (at[1] == '\0' && IsDBCSLeadByte(static_cast<BYTE>(*at))) *at = kStandIn;
+    }
+}
+
 // A digit, or a raised one of the Western code page.
 bool isPortNumber(char c) {
     return (c >= '1' && c <= '9') || c == '\xB9' || c == '\xB2' || c == '\xB3';
@@ -58,6 +65,7 @@ void setApartFromDevices(char* name) {
 
 void MakeNameUsable(char* name) {
     cutEnd(name);
+    replaceHalfCharacter(name);
     setApartFromDevices(name);
     if (IsForkPath(name)) *name = kStandIn;
 }

@@ -29,8 +29,9 @@ kept 38 "damaged BinHex" --replace=yes cut.hqx
 (ulimit -f 10 && kept 223 "no more room" --replace=yes other.bin)
 chmod a-w out/Eins
 kept 5 "not to be written" --replace=yes one.bin
-chmod u+w out/Eins
+chmod 600 out/Eins
 run extract --replace=yes -o out one.bin
+same "replaced: permissions" 600 "$(stat -c %a out/Eins)"
 same "replaced: nothing beside it" $'._Eins\nEins' "$(ls -A out)"
 same "replaced: type" "TEXT ttxt 0000" "$(mac_file finder out/._Eins)"
 
@@ -44,15 +45,18 @@ run extract --replace=yes -o out one.bin
 same "link: what it led to" victim "$(cat victim)"
 [ ! -L out/Eins ] && same "link: size" 3000 "$(stat -c %s out/Eins)"
 
-# A resource fork whose file is gone may be all that is left of it.
-rm -rf out && mkdir out
-mac_file make out/Eins 0 50 OLDT OLDC 0
-rm out/Eins
-kept 80 "resource fork alone" one.bin
-run extract --replace=no -o out one.bin
-same "resource fork alone: kept" "._Eins" "$(ls -A out)"
-run extract --replace=yes -o out one.bin
-same "resource fork alone: replaced" 3000 "$(stat -c %s out/Eins)"
+# Mac information whose file is gone may be all that is left of it.
+for resource in 0 50; do
+    rm -rf out && mkdir out
+    mac_file make out/Eins 0 $resource OLDT OLDC 0
+    rm out/Eins
+    kept 80 "Mac information alone" one.bin
+    kept 38 "Mac information alone, damaged" --replace=yes cut.bin
+    run extract --replace=no -o out one.bin
+    same "Mac information alone: kept" "._Eins" "$(ls -A out)"
+    run extract --replace=yes -o out one.bin
+    same "Mac information alone: replaced" 3000 "$(stat -c %s out/Eins)"
+done
 
 # What has the name of an AppleDouble file, and is none, is somebody's.
 rm -rf out && mkdir out

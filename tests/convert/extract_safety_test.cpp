@@ -67,6 +67,13 @@ TEST_CASE("Names that Windows takes for something else") {
     }
 }
 
+TEST_CASE("A name that ends in half a character takes nothing of what follows it") {
+    TestPc pc;
+    pc.setCodePage(932);
+    CHECK(extractBytes(withName(".bin", "Resum\x8E. "), ".bin", 'N') == 0);
+    CHECK(readMacFile("N:\\Resum_").resource == kFile.resource);
+}
+
 TEST_CASE("A path too long for the forks that a volume keeps is an error, and leaves nothing") {
     TestPc pc;
     pc.setPathLimit(kPathCapacity);
