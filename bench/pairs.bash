@@ -8,18 +8,32 @@ trap 'rm -rf "$work"' EXIT
 cd "$work"
 mkdir out
 
-into_empty_folder() {
+# as_read FILE...: lets the system forget the files, which it keeps in smaller pieces when they were just written
+# than when they come from the disk.
+as_read() {
+    sync -f .
+    local file
+    for file in "$@"; do
+        dd if="$file" iflag=nocache count=0 status=none
+        cat "$file" >/dev/null
+    done
+}
+
+empty_out() {
     rm -rf out
     mkdir out
-    "$@" >/dev/null
 }
 
 # How long the command takes, in seconds, right after a run that does not count: a virtual machine that has
-# given idle memory back gets it again only slowly, which is no work of the command's.
+# given idle memory back gets it again only slowly, which is no work of the command's; nor is it to write out
+# what came before.
 seconds() {
-    into_empty_folder "$@"
+    empty_out
+    "$@" >/dev/null
+    empty_out
+    sync -f .
     local start=$EPOCHREALTIME
-    into_empty_folder "$@"
+    "$@" >/dev/null
     local end=$EPOCHREALTIME
     awk "BEGIN { print $end - $start }"
 }
@@ -39,7 +53,6 @@ compare() {
 
 # peak WHAT COMMAND...: how much memory it takes.
 peak() {
-    rm -rf out
-    mkdir out
+    empty_out
     /usr/bin/time -f "$1: peak memory %M KB" "${@:2}" 2>&1 >/dev/null
 }

@@ -17,6 +17,13 @@ bool truncates(DWORD disposition) {
     return disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING;
 }
 
+// Not of an empty file: a host may take that for the replacing of one, and write the new one out at the close.
+pc::Error empty(pc::File& file) {
+    uint64_t size = 0;
+    const pc::Error error = file.size(size);
+    return error == 0 && size != 0 ? file.setSize(0) : error;
+}
+
 HANDLE addHandle(const std::string& path, const pc::OpenMode& mode, pc::Opened opened,
                  std::shared_ptr<pc::Device> device) {
     pc::Pc& pc = *pc::Pc::current();
@@ -47,7 +54,7 @@ pc::Error openFile(const std::string& path, const pc::OpenMode& mode, HANDLE& ha
     if (error != 0) return error;
     error = pc::Pc::current()->checkSharing(opened.identity, mode);
     const bool truncate = !query && !opened.created && truncates(mode.disposition);
-    if (error == 0 && truncate) error = opened.file->setSize(0);
+    if (error == 0 && truncate) error = empty(*opened.file);
     if (error == 0) handle = addHandle(path, mode, std::move(opened), nullptr);
     return error;
 }
