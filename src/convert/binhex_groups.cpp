@@ -101,11 +101,50 @@ TIDEWELL_VECTOR_FUNCTION __m128i groupsOf(__m128i characters) {
     return _mm_shuffle_epi8(groups, _mm_set_epi8(-1, -1, -1, -1, 12, 13, 14, 8, 9, 10, 4, 5, 6, 0, 1, 2));
 }
 
+TIDEWELL_VECTOR_FUNCTION __m128i loadVector(const uint8_t* characters) {
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(characters));
+}
+
+TIDEWELL_VECTOR_FUNCTION void storeGroups(uint8_t* out, __m128i characters) {
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(out), groupsOf(characters));
+}
+
+TIDEWELL_VECTOR_FUNCTION __m128i places() {
+    return _mm_set_epi8(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0);
+}
+
+// All bits for each place from `place` on.
+TIDEWELL_VECTOR_FUNCTION __m128i placesFrom(int place) {
+    return _mm_cmpgt_epi8(places(), _mm_set1_epi8(static_cast<char>(place - 1)));
+}
+
 // Those after the character at `place` move up into its place.
 TIDEWELL_VECTOR_FUNCTION __m128i without(__m128i characters, int place) {
-    const __m128i places = _mm_set_epi8(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0);
-    const __m128i behind = _mm_cmplt_epi8(_mm_set1_epi8(static_cast<char>(place - 1)), places);
-    return _mm_shuffle_epi8(characters, _mm_sub_epi8(places, behind));
+    return _mm_shuffle_epi8(characters, _mm_sub_epi8(places(), placesFrom(place)));
+}
+
+// Lines of 64 characters, as every encoder makes them: there is a blank at `place` and after each 64
+// characters more. They are taken whole, without a look at where each ends. What is written has all been read
+// before.
+TIDEWELL_VECTOR_FUNCTION const uint8_t* decodeLines(const uint8_t* next, const uint8_t* end, uint8_t*& out,
+                                                    int place) {
+    constexpr ptrdiff_t kLine = 4 * kVector;
+    const __m128i behind = placesFrom(place);
+    while (end - next > kLine && kBinHexMeanings.of[next[place]] == kBinHexBlank) {
+        const __m128i first = _mm_or_si128(_mm_andnot_si128(behind, loadVector(next)),
+                                           _mm_and_si128(behind, loadVector(next + 1)));
+        const __m128i second = loadVector(next + 1 + kVector);
+        const __m128i third = loadVector(next + 1 + 2 * kVector);
+        const __m128i fourth = loadVector(next + 1 + 3 * kVector);
+        if ((strangers(first) | strangers(second) | strangers(third) | strangers(fourth)) != 0) break;
+        storeGroups(out, first);
+        storeGroups(out + 12, second);
+        storeGroups(out + 24, third);
+        storeGroups(out + 36, fourth);
+        out += kLine / 4 * 3;
+        next += kLine + 1;
+    }
+    return next;
 }
 
 // Sixteen bytes are written at a time, of which those after the decoded ones must have been read already.
@@ -113,12 +152,17 @@ TIDEWELL_VECTOR_FUNCTION __m128i without(__m128i characters, int place) {
 TIDEWELL_VECTOR_FUNCTION const uint8_t* decodeByVector(const uint8_t* next, const uint8_t* end,
                                                        uint8_t*& out) {
     while (end - next >= kVector && next - out >= kVector) {
-        __m128i characters = _mm_loadu_si128(reinterpret_cast<const __m128i*>(next));
+        __m128i characters = loadVector(next);
         const unsigned strange = strangers(characters);
         ptrdiff_t groups = 4;
         if (strange != 0) {
-            // The end of a line, as a rule: with it out of the way there are three whole groups.
             const int place = std::countr_zero(strange);
+            const uint8_t* const behindLines = decodeLines(next, end, out, place);
+            if (behindLines != next) {
+                next = behindLines;
+                continue;
+            }
+            // With a single blank out of the way there are three whole groups.
             const bool alone = (strange & (strange - 1) & 0x1FFF) == 0;
             groups = 3;
             if (place < 12) {
@@ -127,7 +171,7 @@ TIDEWELL_VECTOR_FUNCTION const uint8_t* decodeByVector(const uint8_t* next, cons
                 ++next;
             }
         }
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out), groupsOf(characters));
+        storeGroups(out, characters);
         out += 3 * groups;
         next += 4 * groups;
     }
