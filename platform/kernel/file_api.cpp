@@ -17,7 +17,8 @@ bool truncates(DWORD disposition) {
     return disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING;
 }
 
-// Not of an empty file: a host may take that for the replacing of one, and write the new one out at the close.
+// Not of an empty file: a host may take that for the replacing of one, and write the new one out at the
+// close.
 pc::Error empty(pc::File& file) {
     uint64_t size = 0;
     const pc::Error error = file.size(size);

@@ -7,6 +7,7 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <optional>
 
 using namespace tidewell;
 
@@ -76,15 +77,17 @@ TEST_CASE("Truncated anywhere, a MacBinary file leaves nothing") {
     MacBinaryFile file = kSmall;
     file.secondaryHeader = 5;
     const Bytes whole = macBinaryFile(file);
+    TestPc pc;
     for (size_t size = 0; size < whole.size(); ++size) {
-        TestPc pc;
         const char drive = "MNF"[size % 3];
         // The size check knows nothing of the secondary header, and the last padding is not read.
         const size_t needed = drive == 'F' ? 128 + 256 + 256 : 128 + 128 + 256 + 130;
         const ErrorCode error = extractBytes(cutTo(whole, size), ".bin", drive);
         CHECK_MESSAGE(error == (size >= needed ? 0 : ERROR_HANDLE_EOF), size);
-        CHECK(exists(std::string(1, drive) + ":\\Test") == (error == 0));
+        const std::string output = std::string(1, drive) + ":\\Test";
+        CHECK(exists(output) == (error == 0));
         CHECK(pc.nothingHeld());
+        DeleteFileA(output.c_str());
     }
 }
 
@@ -93,8 +96,10 @@ TEST_CASE("Every flipped bit of a header is met with its code") {
         MacBinaryFile file = kSmall;
         file.withCrc = withCrc;
         const Bytes bytes = macBinaryFile(file);
-        TestPc pc;
+        std::optional<TestPc> pc;
         for (size_t bit = 0; bit < 128 * 8; ++bit) {
+            // A folder of many names takes long.
+            if (bit % 64 == 0) pc.emplace();
             Bytes flipped = bytes;
             flipped[bit / 8] ^= static_cast<uint8_t>(0x80 >> bit % 8);
             const auto padded = [&](size_t at) {
@@ -115,8 +120,8 @@ TEST_CASE("Every flipped bit of a header is met with its code") {
                 wanted = ERROR_HANDLE_EOF;
             }
             CHECK_MESSAGE(extractBytes(flipped, ".bin", 'N') == wanted, bit);
+            CHECK(pc->nothingHeld());
         }
-        CHECK(pc.nothingHeld());
     }
 }
 
