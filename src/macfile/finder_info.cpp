@@ -18,10 +18,9 @@ BOOL ReadFinderInfo(const char* finderInfoPath, FinderInfoRecord* record) {
     std::memset(static_cast<void*>(record), 0, sizeof *record);
     record->kind = GetVolumeKindOfPath(finderInfoPath);
     if (record->kind == VolumeKindOther) return failWith(ERROR_INVALID_PARAMETER);
-    const OwnedFile file(CreateFileA(finderInfoPath, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                     FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) return 0;
-    const ErrorCode error = ReadWhole(file.get(), &record->mac, sizeOf(record->kind));
+    OwnedFile file;
+    ErrorCode error = OpenForReading(finderInfoPath, file);
+    if (error == 0) error = ReadWhole(file.get(), &record->mac, sizeOf(record->kind));
     return error == 0 ? 1 : failWith(error);
 }
 

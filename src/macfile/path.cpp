@@ -50,11 +50,9 @@ DWORD GetFileSizeByPath(const char* path) {
     const OwnedFile file(CreateFileA(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
                                      FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) return 0;
-    DWORD high = 0;
-    const DWORD size = GetFileSize(file.get(), &high);
     // A query that fails must not read as a size: a volume would pass for a Mac volume by it.
-    if (size == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return 0;
-    return size;
+    uint64_t size = 0;
+    return GetSizeOf(file.get(), size) == 0 ? static_cast<DWORD>(size) : 0;
 }
 
 }  // namespace tidewell
