@@ -23,6 +23,9 @@ const char* FileExtension(const char* path);
 // stays as it is and its length is returned.
 DWORD GetShortPath(const char* path, char* out, DWORD capacity);
 
+// The size of an existing file, in bytes. The system's error when it cannot be opened or measured.
+ErrorCode GetSizeByPath(const char* path, uint64_t& size);
+
 // The low 32 bits of an existing file's size, in bytes. 0 for a file that cannot be opened or measured; for
 // an empty one the last error is as the size query left it.
 DWORD GetFileSizeByPath(const char* path);

@@ -89,13 +89,13 @@ void writeMacFile(const std::string& path, const MacFile& file) {
     if (file.hasResource) writeFile(paths.resourcePath, file.resource);
 
     tidewell::FinderInfoRecord record;
-    if (!tidewell::ReadFinderInfo(paths.finderInfoPath, &record)) {
+    if (!tidewell::ReadFinderInfo(paths, &record)) {
         std::memset(static_cast<void*>(&record), 0, sizeof record);
         record.kind = tidewell::VolumeKindNtfs;
     }
     fieldsOf(finderOf(record)) = fieldsOf(file);
     if (record.kind == tidewell::VolumeKindMac) record.mac.attributes = file.attributes;
-    need(tidewell::WriteFinderInfo(paths.finderInfoPath, &record), path);
+    need(tidewell::WriteFinderInfo(paths, &record), path);
 }
 
 MacFile readMacFile(const std::string& path) {
@@ -105,7 +105,7 @@ MacFile readMacFile(const std::string& path) {
     file.hasResource = paths.resourceLength != 0 && exists(paths.resourcePath);
     if (file.hasResource) file.resource = readFile(paths.resourcePath);
     tidewell::FinderInfoRecord record;
-    if (paths.finderInfoLength == 0 || !tidewell::ReadFinderInfo(paths.finderInfoPath, &record)) return file;
+    if (paths.finderInfoLength == 0 || !tidewell::ReadFinderInfo(paths, &record)) return file;
     fieldsOf(file) = fieldsOf(finderOf(record));
     if (record.kind == tidewell::VolumeKindMac) file.attributes = record.mac.attributes;
     return file;
