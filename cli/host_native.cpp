@@ -88,6 +88,7 @@ Host::Host() {
     // information.
     thePc->setPathLimit(tidewell::kPathCapacity);
     thePc->journal().setKept(false);
+    thePc->setDeviceNames(false);
     thePc->addDrive(kHostDrive, DRIVE_FIXED, pc::makeMacVolume("/"));
     thePc->addDevice(pc::kMacVolumeDriverName, pc::makeMacVolumeDriver(*thePc));
     catchInterrupts();
