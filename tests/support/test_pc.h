@@ -3,6 +3,7 @@
 #define TIDEWELL_TESTS_SUPPORT_TEST_PC_H
 
 #include "pc/pc.h"
+#include "support/scripted_user.h"
 #include "support/temp_folder.h"
 
 #include <windows.h>
@@ -21,6 +22,7 @@ class TestPc : public pc::Pc {
 
   private:
     TempFolder folder_;
+    const UserInCharge user_{&kScriptedUser};
 };
 
 using Bytes = std::vector<uint8_t>;
