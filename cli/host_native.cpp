@@ -6,7 +6,7 @@
 #include "pc/mac_volume_driver.h"
 #include "pc/pc.h"
 
-#include "macfile/path.h"
+#include "base/path.h"
 #include "module/module_state.h"
 
 #include <csignal>

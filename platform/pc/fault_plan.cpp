@@ -22,7 +22,12 @@ bool FaultPlan::strikes(const char* name) {
     return true;
 }
 
-uint32_t FaultPlan::onCall(const char* name) {
+uint32_t FaultPlan::onCall(const char* name, std::string_view subject) {
+    if (kind_ == Kind::always && alwaysCall_ == name && alwaysSubject_ == subject) {
+        hit_ = true;
+        hitCall_ = name;
+        return injected_ = error_;
+    }
     if (kind_ != Kind::call || !strikes(name)) return 0;
     injected_ = error_;
     return error_;

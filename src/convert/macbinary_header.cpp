@@ -5,7 +5,7 @@
 #include "convert/macbinary_crc.h"
 #include "convert/swap_fields.h"
 #include "macfile/finder_info.h"
-#include "macfile/path.h"
+#include "base/path.h"
 
 #include <cstring>
 

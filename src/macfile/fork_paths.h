@@ -2,7 +2,7 @@
 #ifndef TIDEWELL_MACFILE_FORK_PATHS_H
 #define TIDEWELL_MACFILE_FORK_PATHS_H
 
-#include "macfile/path.h"
+#include "base/path.h"
 #include "macfile/volume_kind.h"
 
 namespace tidewell {

@@ -2,7 +2,7 @@
 
 #include "base/owned.h"
 #include "macfile/driver.h"
-#include "macfile/path.h"
+#include "base/path.h"
 #include "macfile/usable_name.h"
 
 #include <cstring>

@@ -1,7 +1,7 @@
 #include "macfile/volume_kind.h"
 
 #include "base/text.h"
-#include "macfile/path.h"
+#include "base/path.h"
 #include "module/module_state.h"
 
 namespace tidewell {

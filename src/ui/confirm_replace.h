@@ -1,5 +1,4 @@
-// The question before an existing file is replaced: a dialog in the library, a line on the terminal in the
-// command.
+// The question before an existing file is replaced.
 #ifndef TIDEWELL_UI_CONFIRM_REPLACE_H
 #define TIDEWELL_UI_CONFIRM_REPLACE_H
 

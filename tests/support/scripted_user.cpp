@@ -1,21 +1,12 @@
 #include "support/scripted_user.h"
 
 #include "base/file.h"
-#include "ui/confirm_replace.h"
-#include "ui/progress_display.h"
 
 ScriptedUser scriptedUser;
 
-namespace tidewell {
+namespace {
 
-int ConfirmFileReplace(HWND, const char* filePath, BOOL moreFollow) {
-    if (!MayExist(filePath)) return IDYES;
-    ++scriptedUser.asked;
-    scriptedUser.several = moreFollow != FALSE;
-    return scriptedUser.answer;
-}
-
-namespace progress_display {
+using tidewell::ProgressDialog;
 
 BOOL create(ProgressDialog&, const char*, HWND) {
     if (scriptedUser.createError != 0) {
@@ -54,5 +45,20 @@ void serve(ProgressDialog& progress) {
     if (++scriptedUser.serves == scriptedUser.cancelAtServe) progress.cancelled = 1;
 }
 
-}  // namespace progress_display
-}  // namespace tidewell
+constexpr tidewell::ProgressDisplay kDisplay = {create,   destroy,     setIcon, setText,
+                                                setRange, setPosition, showNow, serve};
+
+int confirmReplace(HWND, const char* filePath, BOOL moreFollow) {
+    if (!tidewell::MayExist(filePath)) return IDYES;
+    ++scriptedUser.asked;
+    scriptedUser.several = moreFollow != FALSE;
+    return scriptedUser.answer;
+}
+
+void pumpMessages(HWND) {
+    ++scriptedUser.pumps;
+}
+
+}  // namespace
+
+const tidewell::User kScriptedUser = {&kDisplay, confirmReplace, pumpMessages};

@@ -1,7 +1,9 @@
-// What the user sees and answers in tests without windows: the display of a ProgressDialog and the replace
-// question, told beforehand what to do. A TestPc begins a new script.
+// A user who does what a test has told beforehand, and remembers what was shown. A TestPc begins a new
+// script.
 #ifndef TIDEWELL_TESTS_SUPPORT_SCRIPTED_USER_H
 #define TIDEWELL_TESTS_SUPPORT_SCRIPTED_USER_H
+
+#include "support/user_in_charge.h"
 
 #include <windows.h>
 
@@ -23,10 +25,12 @@ struct ScriptedUser {
     std::vector<uint16_t> positions;
     int shows = 0;
     int serves = 0;
+    int pumps = 0;
     int created = 0;
     int destroyed = 0;
 };
 
 extern ScriptedUser scriptedUser;
+extern const tidewell::User kScriptedUser;
 
 #endif

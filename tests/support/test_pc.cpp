@@ -1,7 +1,6 @@
 #include "support/test_pc.h"
 
 #include "macfile/finder_info.h"
-#include "macfile/fork_paths.h"
 #include "module/module_state.h"
 #include "pc/mac_volume_driver.h"
 #include "support/scripted_user.h"
@@ -83,8 +82,7 @@ void writeFile(const std::string& path, const Bytes& bytes) {
 
 void writeMacFile(const std::string& path, const MacFile& file) {
     writeFile(path, file.data);
-    tidewell::ForkPathBuffers paths;
-    tidewell::GetForkPaths(path.c_str(), paths);
+    const ForkPathsOf paths(path);
     need(paths.finderInfoLength != 0, path);
     if (file.hasResource) writeFile(paths.resourcePath, file.resource);
 
@@ -100,8 +98,7 @@ void writeMacFile(const std::string& path, const MacFile& file) {
 
 MacFile readMacFile(const std::string& path) {
     MacFile file = keptOn('F', {.data = readFile(path)});
-    tidewell::ForkPathBuffers paths;
-    tidewell::GetForkPaths(path.c_str(), paths);
+    const ForkPathsOf paths(path);
     file.hasResource = paths.resourceLength != 0 && exists(paths.resourcePath);
     if (file.hasResource) file.resource = readFile(paths.resourcePath);
     tidewell::FinderInfoRecord record;

@@ -1,4 +1,4 @@
-#include "macfile/path.h"
+#include "base/path.h"
 
 #include "base/owned.h"
 #include "base/text.h"

@@ -1,7 +1,7 @@
 // Operations on paths in the ANSI code page. Every search walks the text character by character, so that the
 // second byte of a double-byte character is never taken for a backslash, a colon or a period.
-#ifndef TIDEWELL_MACFILE_PATH_H
-#define TIDEWELL_MACFILE_PATH_H
+#ifndef TIDEWELL_BASE_PATH_H
+#define TIDEWELL_BASE_PATH_H
 
 #include "base/file.h"
 
