@@ -16,8 +16,8 @@ constexpr DWORD kPathCapacity = 520;
 // share, no disk in the drive, none that any file system knows, no network, or no path at all.
 bool MeansNothingThere(ErrorCode error);
 
-// False when there is nothing at `path` that could be lost. A file that cannot be looked at, for a reason that
-// does not mean that nothing is there, may be there.
+// False when there is nothing at `path` that could be lost. A file that cannot be looked at, for a reason
+// that does not mean that nothing is there, may be there.
 bool MayExist(const char* path);
 
 // Opens an existing file for reading, which others may read, too, and no one write to.

@@ -30,8 +30,9 @@ ErrorCode confirmReplace(const Extraction& extraction, ExtractedFile& file) {
     }
 }
 
-// The forks' paths from that of the file, which may not be there yet. A volume that keeps Mac information must
-// get it all: what is said of the longest path, a fork's, is said now, and not when half of the file is there.
+// The forks' paths from that of the file, which may not be there yet. A volume that keeps Mac information
+// must get it all: what is said of the longest path, a fork's, is said now, and not when half of the file is
+// there.
 ErrorCode reachForks(VolumeKind kind, ForkPaths& paths) {
     const ErrorCode error = SetForkPaths(kind, paths);
     if (error != 0 || paths.resourceLength == 0) return error;
@@ -57,8 +58,7 @@ ErrorCode createFile(const Extraction& extraction, const uint8_t* macName, Volum
     if (error != 0) return error;
     file.owned = true;
     if (kind == VolumeKindMac) error = reachForks(kind, file.paths);
-    return error != 0 || kind == VolumeKindOther ? error
-                                                 : ReadFinderInfoToKeep(file.paths, file.finderInfo);
+    return error != 0 || kind == VolumeKindOther ? error : ReadFinderInfoToKeep(file.paths, file.finderInfo);
 }
 
 ErrorCode placeFile(const Extraction& extraction, const uint8_t* macName, ExtractedFile& file) {

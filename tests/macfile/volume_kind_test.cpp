@@ -54,7 +54,8 @@ TEST_CASE("A kind that cannot be told is an error, and shown as none") {
         // A name that does not fit is not that of NTFS.
         {"GetVolumeInformationA", "F:\\", ERROR_MORE_DATA, "0"},
         {"GetVolumeInformationA", "F:\\", ERROR_BAD_LENGTH, "0"},
-        // The driver's file could not be looked for: nobody knows what the volume is, unless it says so itself.
+        // The driver's file could not be looked for: nobody knows what the volume is, unless it says so
+        // itself.
         {"CreateFileA", "M:\\", ERROR_IO_DEVICE, "error 1117"},
         {"GetFileSize", "M:\\", ERROR_IO_DEVICE, "error 1117"},
         {"CreateFileA", "F:\\", ERROR_ACCESS_DENIED, "error 5"},
