@@ -8,17 +8,19 @@ namespace {
 
 using tidewell::ProgressDialog;
 
-BOOL create(ProgressDialog&, const char*, HWND) {
+BOOL create(ProgressDialog& progress, const char*, HWND) {
     if (scriptedUser.createError != 0) {
         SetLastError(scriptedUser.createError);
         return FALSE;
     }
     ++scriptedUser.created;
+    scriptedUser.progress = &progress;
     return TRUE;
 }
 
 void destroy(ProgressDialog&) {
     ++scriptedUser.destroyed;
+    scriptedUser.progress = nullptr;
 }
 
 LRESULT setIcon(ProgressDialog&, HICON icon) {
@@ -42,6 +44,8 @@ void showNow(ProgressDialog&) {
 }
 
 void serve(ProgressDialog& progress) {
+    scriptedUser.done.push_back(progress.done);
+    scriptedUser.onServe();
     if (++scriptedUser.serves == scriptedUser.cancelAtServe) progress.cancelled = 1;
 }
 
@@ -52,6 +56,7 @@ int confirmReplace(HWND, const char* filePath, BOOL moreFollow) {
     if (!tidewell::MayExist(filePath)) return IDYES;
     ++scriptedUser.asked;
     scriptedUser.several = moreFollow != FALSE;
+    if (scriptedUser.progress != nullptr) scriptedUser.pausesAtQuestion = scriptedUser.progress->pauses;
     return scriptedUser.answer;
 }
 
