@@ -42,16 +42,17 @@ ErrorCode SetAside::begin(const std::string& typed, const std::string& aside) {
     aside_ = aside;
     ErrorCode error = checkReplaceable(typed);
     if (error != 0) return error;
-    char finderInfoPath[tidewell::kPathCapacity];
-    const DWORD size =
-        tidewell::GetFinderInfoPath(windowsPathOf(typed).c_str(), finderInfoPath, sizeof finderInfoPath);
+    // By the path as it stands: the short one is the moved file's.
+    tidewell::ForkPathBuffers paths;
+    lstrcpynA(paths.dataPath, windowsPathOf(typed).c_str(), static_cast<int>(paths.dataLength));
+    error = tidewell::FindForkPaths(paths.dataPath, paths);
+    if (error != 0) return error;
     tidewell::FinderInfoRecord record;
-    const bool known =
-        size != 0 && size <= sizeof finderInfoPath && tidewell::ReadFinderInfo(finderInfoPath, &record) != 0;
+    const bool known = paths.finderInfoLength != 0 && tidewell::ReadFinderInfo(paths, &record) != 0;
     if (!MoveFileA(typed.c_str(), aside.c_str())) return GetLastError();
     movedFile_ = true;
     error = createEmpty(typed);
-    if (error == 0 && known && !tidewell::WriteFinderInfo(finderInfoPath, &record)) error = GetLastError();
+    if (error == 0 && known && !tidewell::WriteFinderInfo(paths, &record)) error = GetLastError();
     if (error != 0) bringBack();
     return error;
 }

@@ -73,7 +73,7 @@ TEST_CASE("Finder information is read and written beside readers, and not beside
         TestPc pc;
         writeMacFile(path, kFile);
         const ForkPathsOf paths(path);
-        for (const DWORD access : {GENERIC_READ, GENERIC_WRITE}) {
+        for (const DWORD access : {DWORD{GENERIC_READ}, DWORD{GENERIC_WRITE}}) {
             FinderInfoRecord record;
             REQUIRE(ReadFinderInfo(paths, &record));
             const OwnedFile other(CreateFileA(paths.finderInfoPath, access,
