@@ -5,6 +5,7 @@
 #include "convert/macbinary_header.h"
 #include "macfile/fork_paths.h"
 #include "module/module_state.h"
+#include "ui/progress.h"
 
 #include <shlobj.h>
 
@@ -91,9 +92,8 @@ ErrorCode FindMacFile(const char* sourcePath, ForkPaths& paths) {
 
 }  // namespace tidewell
 
-extern "C" tidewell::ErrorCode WINAPI CreateMacBinaryFile(HWND, const char* sourcePath,
-                                                          const char* outputPath,
-                                                          tidewell::ProgressDialog** progressRef) {
+DWORD WINAPI CreateMacBinaryFile(HWND, const char* sourcePath, const char* outputPath,
+                                 TidewellProgress** progressRef) {
     tidewell::ProgressDialog* const progress = progressRef != nullptr ? *progressRef : nullptr;
     return tidewell::createMacBinaryFile(sourcePath, outputPath, progress);
 }
