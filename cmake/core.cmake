@@ -1,7 +1,7 @@
 # The library's code. Every program links these very objects, the tests included.
 
 add_library(tidewell_core OBJECT ${TIDEWELL_CORE_SOURCES})
-target_include_directories(tidewell_core PUBLIC ${PROJECT_SOURCE_DIR}/src)
+target_include_directories(tidewell_core PUBLIC ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include)
 target_compile_options(tidewell_core PRIVATE ${TIDEWELL_PRODUCT_OPTIONS})
 if(NOT WIN32)
   target_include_directories(tidewell_core BEFORE PUBLIC ${PROJECT_SOURCE_DIR}/platform/include)
@@ -9,7 +9,8 @@ endif()
 
 if(WIN32)
   add_library(tidewell_windowed OBJECT ${TIDEWELL_WINDOWED_SOURCES})
-  target_include_directories(tidewell_windowed PUBLIC ${PROJECT_SOURCE_DIR}/src ${TIDEWELL_MESSAGES_FOLDER})
+  target_include_directories(tidewell_windowed PUBLIC
+    ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include ${TIDEWELL_MESSAGES_FOLDER})
   add_dependencies(tidewell_windowed tidewell_messages)
   target_compile_options(tidewell_windowed PRIVATE ${TIDEWELL_PRODUCT_OPTIONS})
 endif()

@@ -17,3 +17,16 @@ endif()
 # The .def file names the functions without their decoration; the fix-up finds them by it.
 target_link_options(tidewell_library PRIVATE
   -nostartfiles -nodefaultlibs -Wl,-e,${entry} -Wl,--enable-stdcall-fixup -Wl,--subsystem,windows:4.0)
+
+# For the programs that link with it (include/tidewell.h).
+set(import_library ${PROJECT_BINARY_DIR}/libtidewell.a)
+add_custom_command(
+  OUTPUT ${import_library}
+  COMMAND ${PROJECT_SOURCE_DIR}/tools/make-import-library ${TIDEWELL_TRIPLE}-
+          ${PROJECT_SOURCE_DIR}/src/tidewell.def ${import_library}
+          $<TARGET_OBJECTS:tidewell_core> $<TARGET_OBJECTS:tidewell_windowed>
+  DEPENDS ${PROJECT_SOURCE_DIR}/src/tidewell.def ${PROJECT_SOURCE_DIR}/tools/make-import-library
+          tidewell_core tidewell_windowed
+  COMMAND_EXPAND_LISTS
+  VERBATIM)
+add_custom_target(tidewell_import_library ALL DEPENDS ${import_library})

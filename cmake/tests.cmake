@@ -30,11 +30,21 @@ if(TIDEWELL_TEST_SOURCES)
 endif()
 
 if(WIN32)
+  # A program of somebody else's: C, the public header, the import library, and nothing of ours besides.
+  enable_language(C)
+  add_executable(outside_program ${PROJECT_SOURCE_DIR}/tests/windows/outside_program.c)
+  set_target_properties(outside_program PROPERTIES C_STANDARD 90 C_EXTENSIONS OFF)
+  target_compile_options(outside_program PRIVATE -pedantic -Wall -Wextra -Wstrict-prototypes -Werror)
+  target_include_directories(outside_program PRIVATE ${PROJECT_SOURCE_DIR}/include)
+  target_link_libraries(outside_program PRIVATE ${PROJECT_BINARY_DIR}/libtidewell.a)
+  add_dependencies(outside_program tidewell_import_library tidewell_library)
+  add_test(NAME outside_program COMMAND outside_program WORKING_DIRECTORY ${PROJECT_BINARY_DIR}/testdata)
+
   add_test(NAME library_imports
            COMMAND ${PROJECT_SOURCE_DIR}/tools/check-imports $<TARGET_FILE:tidewell_library>)
   add_test(NAME library_exports
            COMMAND ${PROJECT_SOURCE_DIR}/tools/check-exports $<TARGET_FILE:tidewell_library>
-                   ${PROJECT_SOURCE_DIR}/src/tidewell.def)
+                   ${PROJECT_SOURCE_DIR}/src/tidewell.def ${PROJECT_SOURCE_DIR}/include/tidewell.h)
   add_test(NAME library_system_version
            COMMAND ${PROJECT_SOURCE_DIR}/tools/check-system-version $<TARGET_FILE:tidewell_library>)
   if(TARGET tidewell)

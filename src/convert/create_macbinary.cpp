@@ -6,6 +6,7 @@
 #include "convert/macbinary_header.h"
 #include "macfile/fork_paths.h"
 #include "module/module_state.h"
+#include "ui/progress.h"
 
 #include <shlobj.h>
 
@@ -101,9 +102,8 @@ ErrorCode PackMacFile(const char* sourcePath, const char* outputPath, ProgressDi
 
 }  // namespace tidewell
 
-extern "C" tidewell::ErrorCode WINAPI CreateMacBinaryFile(HWND, const char* sourcePath,
-                                                          const char* outputPath,
-                                                          tidewell::ProgressDialog** progressRef) {
+DWORD WINAPI CreateMacBinaryFile(HWND, const char* sourcePath, const char* outputPath,
+                                 TidewellProgress** progressRef) {
     tidewell::ProgressDialog* const progress = progressRef != nullptr ? *progressRef : nullptr;
     return tidewell::createFromFullPaths(sourcePath, outputPath, progress);
 }

@@ -19,9 +19,8 @@ ErrorCode ExtractOriginal(const Extraction& extraction) {
 
 }  // namespace tidewell
 
-extern "C" tidewell::ErrorCode WINAPI ExtractOriginalMacFile(HWND owner, const char* sourcePath,
-                                                             const char* destinationFolder, DWORD* flags,
-                                                             tidewell::ProgressDialog** progressRef) {
+DWORD WINAPI ExtractOriginalMacFile(HWND owner, const char* sourcePath, const char* destinationFolder,
+                                    DWORD* flags, TidewellProgress** progressRef) {
     if (sourcePath == nullptr || destinationFolder == nullptr || flags == nullptr)
         return ERROR_INVALID_PARAMETER;
     char source[tidewell::kPathCapacity];

@@ -4,6 +4,7 @@
 
 #include "base/owned.h"
 #include "macfile/finder_info.h"
+#include "tidewell.h"
 #include "ui/progress.h"
 
 #include <cstdint>
@@ -11,8 +12,8 @@
 namespace tidewell {
 
 // The flags that a batch of extractions shares.
-constexpr DWORD kReplaceAll = 1;  // set by an extraction when the user answers Yes to All
-constexpr DWORD kMoreFollow = 2;  // set by the caller: the question offers Yes to All and Cancel
+constexpr DWORD kReplaceAll = TIDEWELL_REPLACE_ALL;
+constexpr DWORD kMoreFollow = TIDEWELL_MORE_FOLLOW;
 
 // What every extraction is given.
 struct Extraction {

@@ -32,13 +32,12 @@ void setName(MacBinaryHeader& header, const void* name, size_t length) {
     std::memcpy(header.name, name, length);
 }
 
-bool getForkLength(HANDLE file, DWORD& length) {
-    DWORD high = 0;
-    length = GetFileSize(file, &high);
-    if (length == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return false;
-    if (high == 0) return true;
-    SetLastError(ERROR_FILE_TOO_LARGE);  // cutting it to 32 bits would lose the rest
-    return false;
+ErrorCode getForkLength(HANDLE file, DWORD& length) {
+    uint64_t size = 0;
+    const ErrorCode error = GetSizeOf(file, size);
+    length = static_cast<DWORD>(size);
+    // Cutting it to 32 bits would lose the rest.
+    return error == 0 && size != length ? ERROR_FILE_TOO_LARGE : error;
 }
 
 // What tells a MacBinary header from other bytes.
@@ -52,11 +51,10 @@ ErrorCode checkHeader(const MacBinaryFileHeader& header) {
 }
 
 ErrorCode checkFileSize(HANDLE file, const MacBinaryFileHeader& header) {
-    BY_HANDLE_FILE_INFORMATION information;
-    if (!GetFileInformationByHandle(file, &information)) return lastErrorOr(ERROR_GEN_FAILURE);
+    uint64_t size = 0;
+    if (const ErrorCode error = GetSizeOf(file, size)) return error;
     const uint64_t needed =
         kMacBinaryBlock + MacBinaryRoundedUp(header.dataLength) + MacBinaryRoundedUp(header.resourceLength);
-    const uint64_t size = static_cast<uint64_t>(information.nFileSizeHigh) << 32 | information.nFileSizeLow;
     return size >= needed ? 0 : ERROR_HANDLE_EOF;
 }
 
@@ -83,8 +81,10 @@ BOOL BuildMacBinaryHeader(const ForkPaths& paths, HANDLE dataFile, HANDLE resour
 
     DWORD dataLength = 0;
     DWORD resourceLength = 0;
-    if (!getForkLength(dataFile, dataLength)) return 0;
-    if (resourceFile != INVALID_HANDLE_VALUE && !getForkLength(resourceFile, resourceLength)) return 0;
+    ErrorCode error = getForkLength(dataFile, dataLength);
+    if (error == 0 && resourceFile != INVALID_HANDLE_VALUE)
+        error = getForkLength(resourceFile, resourceLength);
+    if (error != 0) return failWith(error);
     header->dataLength = dataLength;
     header->resourceLength = resourceLength;
     return 1;

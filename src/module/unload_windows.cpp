@@ -1,6 +1,5 @@
-#include "module/unload.h"
-
 #include "module/module_state.h"
+#include "tidewell.h"
 
 STDAPI DllCanUnloadNow() {
     return tidewell::ModuleLockCount == 0 ? S_OK : S_FALSE;

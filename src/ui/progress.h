@@ -10,9 +10,8 @@
 
 #include <cstdint>
 
-namespace tidewell {
-
-struct ProgressDialog {
+// Other programs know it by this name and nothing more of it.
+struct TidewellProgress {
     HWND window;         // null until created, and where the display is no window
     uint32_t cancelled;  // set once by the user, never cleared
     uint64_t total;      // amount of work; the callers count bytes
@@ -22,6 +21,10 @@ struct ProgressDialog {
     uint32_t pauses;     // ProgressPause calls without their ProgressResume
     HINSTANCE instance;  // the module that holds the display's texts
 };
+
+namespace tidewell {
+
+using ProgressDialog = TidewellProgress;
 
 // A new object, or null with the last error: 87 for a null instance or title, 8 without memory, else the
 // display's own error. A window shows after a second, or at the first pause. With `startPaused` the clock

@@ -2,8 +2,8 @@
 #include "module/system_facts.h"
 
 #include "module/administrator.h"
-#include "module/unload.h"
 #include "support/modal_windows.h"
+#include "tidewell.h"
 
 #include <doctest/doctest.h>
 
