@@ -70,6 +70,32 @@ TEST_CASE("What cannot be packed, and where nothing can be put") {
     CHECK(pc.nothingHeld());
 }
 
+TEST_CASE("A file without Finder information gives nothing, under whatever error that is told") {
+    for (const ErrorCode error : {ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND, ERROR_ACCESS_DENIED}) {
+        TestPc pc;
+        writeMacFile("N:\\file", {});
+        pc.faults().failAlways("GetFileAttributesA", "N:\\file:AFP_AfpInfo", error);
+        CHECK(createFrom("N:\\file") == (error == ERROR_ACCESS_DENIED ? error : 0));
+        CHECK(!exists(kOutput));
+    }
+    CHECK(CreateMacBinaryFile(nullptr, nullptr, kOutput, nullptr) == ERROR_INVALID_PARAMETER);
+    CHECK(CreateMacBinaryFile(nullptr, "N:\\file", nullptr, nullptr) == ERROR_INVALID_PARAMETER);
+}
+
+TEST_CASE("A drive without its disk is told, a volume that cannot be there counts as keeping nothing") {
+    const struct {
+        ErrorCode look, error;
+    } rows[] = {{ERROR_NOT_READY, ERROR_NOT_READY},
+                {ERROR_IO_DEVICE, ERROR_IO_DEVICE},
+                {ERROR_BAD_NETPATH, ERROR_INVALID_PARAMETER}};
+    for (const auto& row : rows) {
+        TestPc pc;
+        writeMacFile("N:\\file", {});
+        pc.faults().failAlways("GetShortPathNameA", "N:\\file", row.look);
+        CHECK(createFrom("N:\\file") == row.error);
+    }
+}
+
 TEST_CASE("A source never becomes its own output") {
     TestPc pc;
     const MacFile file = {.data = patternOf(1000), .resource = patternOf(2000)};
