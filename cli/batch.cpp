@@ -16,8 +16,6 @@ Failure checkFolder(const std::string& path) {
     const DWORD attributes = GetFileAttributesA(path.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return {tidewell::lastErrorOr(ERROR_PATH_NOT_FOUND), {}};
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return {ERROR_BAD_PATHNAME, "It is not a folder."};
-    // Not even a name of one character fits after it.
-    if (path.size() + sizeof "\\x" > MAX_PATH) return {ERROR_FILENAME_EXCED_RANGE, {}};
     return {};
 }
 
@@ -70,7 +68,6 @@ int report(const Command& command, const Options& options, const Source& source,
 }  // namespace
 
 Failure checkFile(const std::string& windowsPath) {
-    if (windowsPath.size() + 1 > MAX_PATH) return {ERROR_FILENAME_EXCED_RANGE, {}};
     const DWORD attributes = GetFileAttributesA(windowsPath.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return {tidewell::lastErrorOr(ERROR_FILE_NOT_FOUND), {}};
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return {ERROR_ACCESS_DENIED, "It is a folder."};

@@ -1,6 +1,6 @@
 #include "host.h"
 
-#include "base/owned.h"
+#include "base/full_path.h"
 #include "module/module_state.h"
 
 #include <algorithm>
@@ -13,9 +13,6 @@ int _dowildcard = -1;
 namespace cli {
 
 namespace {
-
-// Longer than any path that is taken, so that one that is too long is seen to be.
-constexpr DWORD kFullPathCapacity = 4096;
 
 volatile LONG interruptFlag;
 volatile LONG finishedFlag;
@@ -78,10 +75,8 @@ Host::~Host() {
 }
 
 std::string windowsPathOf(const std::string& typed) {
-    char full[kFullPathCapacity];
-    char* namePart = nullptr;
-    const DWORD length = GetFullPathNameA(typed.c_str(), sizeof full, full, &namePart);
-    return length == 0 || length >= sizeof full ? typed : std::string(full, length);
+    char full[tidewell::kPathCapacity];
+    return tidewell::GetFullPath(typed.c_str(), full) == 0 ? full : typed;
 }
 
 std::string pathKeyOf(const std::string& windowsPath) {

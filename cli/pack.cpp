@@ -39,7 +39,7 @@ struct OutputFile {
         char path[tidewell::kPathCapacity];
         const DWORD size =
             tidewell::JoinPath(path, sizeof path, batch.windowsFolder.c_str(), windowsNameOf(name).c_str());
-        if (size <= MAX_PATH) windows = path;
+        if (size <= sizeof path) windows = path;
     }
 
     std::string typed;

@@ -24,8 +24,10 @@ void mergeFields(FinderFields& finder, const MacBinaryHeader& header) {
 ErrorCode ReadFinderInfoToKeep(const ForkPaths& paths, FinderInfoRecord& had) {
     if (ReadFinderInfo(paths, &had)) return 0;
     const ErrorCode error = lastErrorOr(ERROR_GEN_FAILURE);
-    const bool none = error == ERROR_FILE_NOT_FOUND && paths.kind == VolumeKindNtfs;
-    return none ? 0 : error;
+    if (error != ERROR_FILE_NOT_FOUND) return error;
+    // The driver may know of an item whose file is yet to be made; then it has a record of it.
+    if (paths.kind == VolumeKindMac) had.kind = VolumeKindOther;
+    return 0;
 }
 
 BOOL WriteFinderInfoFromHeader(const ForkPaths& paths, const FinderInfoRecord& had,
@@ -35,7 +37,7 @@ BOOL WriteFinderInfoFromHeader(const ForkPaths& paths, const FinderInfoRecord& h
     case VolumeKindMac:
         // The record is the driver's: it tells of the file as it is now.
         if (!ReadFinderInfo(paths, &record)) return 0;
-        record.mac.finder = had.mac.finder;
+        if (had.kind == VolumeKindMac) record.mac.finder = had.mac.finder;
         mergeFields(record.mac.finder, header);
         record.mac.attributes = header.protectedFlag;
         record.mac.attributesHigh = 0;

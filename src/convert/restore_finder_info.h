@@ -7,7 +7,8 @@
 
 namespace tidewell {
 
-// Reads what a file has before it is emptied; a file on NTFS without Finder information begins with zeros.
+// Reads what a file has before it is emptied; a file on NTFS without Finder information begins with zeros, and
+// for an item of a Mac volume without a file, what the driver has of it is left to it (VolumeKindOther).
 // Errors as ReadFinderInfo has them.
 ErrorCode ReadFinderInfoToKeep(const ForkPaths& paths, FinderInfoRecord& had);
 

@@ -44,7 +44,7 @@ expect "an output of this run is not replaced" 1 "packed Notes -> Notes.bin" \
 rm -rf out && mkdir out
 mkfifo pipe
 head -c 20 ._Read.Me >short && mv short ._Read.Me && cp ._Read.Me damaged
-long=$(printf 'x%.0s' {1..240})
+long=$(printf "x%.0s" {1..250})/$(printf "x%.0s" {1..250})
 for bad in "2 missing" "3 missing/file" "5 sub" "206 $long" "5 pipe" "1392 Read.Me"; do
     run pack --replace=yes -o out "${bad#* }"
     expect "$bad" 1 "" "tidewell: ${bad#* }: error ${bad%% *}: ?*"
