@@ -36,8 +36,8 @@ struct ExtractedFile {
 };
 
 // Finds or makes the file with the length-prefixed `macName` in the destination folder, asking before one
-// that is there is replaced, and shows its title as the first line of the progress. 1223 when the user
-// cancels.
+// that is there is replaced, and shows its title as the first line of the progress. ERROR_CANCELLED when the
+// user cancels.
 ErrorCode PlaceExtractedFile(const Extraction& extraction, const uint8_t* macName, ExtractedFile& file);
 
 // Creates or empties a fork for writing; the file is `owned` from then on.

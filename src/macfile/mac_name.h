@@ -10,10 +10,10 @@ namespace tidewell {
 
 // A Mac name is length-prefixed, in the Mac character set; `outPath` receives a full path, `capacity` is its
 // size in bytes. On a Mac volume the driver maps the name; elsewhere the characters that Windows forbids
-// become "_". Besides those named, the errors are the system's and the driver's: 122 for a folder that does
-// not fit `outPath`, 234 for a name that does not fit a path.
+// become "_". Besides those named, the errors are the system's and the driver's: ERROR_INSUFFICIENT_BUFFER
+// for a folder that does not fit `outPath`, ERROR_MORE_DATA for a name that does not fit a path.
 
-// 0: the item is there; 2: it is not, or 3: not even its folder.
+// 0: the item is there; ERROR_FILE_NOT_FOUND: it is not, or ERROR_PATH_NOT_FOUND: not even its folder.
 ErrorCode LookUpMacName(const char* folder, const uint8_t* macName, uint32_t reserved, char* outPath,
                         DWORD capacity);
 
@@ -26,7 +26,7 @@ ErrorCode LookUpUnicodeMacName(const char* folder, DWORD length, const uint16_t*
                                DWORD capacity);
 
 // The name with a NUL after it and the forbidden characters replaced. Returns 1, or 0 with the last error
-// 234.
+// ERROR_MORE_DATA.
 BOOL MacNameToWindowsName(const uint8_t* macName, char* out, DWORD capacity);
 
 }  // namespace tidewell
