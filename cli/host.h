@@ -38,7 +38,7 @@ std::string windowsNameOf(const std::string& typedName);
 std::string freshNameIn(const std::string& typedFolder);
 
 // Gives the file `from` the name `to` in one step, both as typed and in one folder. What is there already is
-// replaced, or 80 when it may not be; `from` then keeps its name.
+// replaced, or ERROR_FILE_EXISTS when it may not be; `from` then keeps its name.
 tidewell::ErrorCode rename(const std::string& from, const std::string& to, bool mayReplace);
 
 // While it lives no other process of this command works in the folder, as typed, under such a lock; where the

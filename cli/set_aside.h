@@ -15,8 +15,9 @@ bool leftMacInformation(const std::string& typed);
 class SetAside {
   public:
     // Gives the file, with all that belongs to it, the name `aside` in its folder, which nothing has yet. A
-    // new file of the old name begins with the old one's permissions and Finder information. 5 for what is no
-    // file, or is not to be written to. After an error nothing has changed, unless `what` tells otherwise.
+    // new file of the old name begins with the old one's permissions and Finder information.
+    // ERROR_ACCESS_DENIED for what is no file, or is not to be written to. After an error nothing has
+    // changed, unless `what` tells otherwise.
     tidewell::ErrorCode begin(const std::string& typed, const std::string& aside);
 
     // Brings it back, over what has its name now.

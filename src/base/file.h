@@ -26,10 +26,11 @@ ErrorCode OpenForReading(const char* path, OwnedFile& file);
 // The size of an open file, in bytes.
 ErrorCode GetSizeOf(HANDLE file, uint64_t& size);
 
-// Reads `count` bytes at the current position. The system's error, or 38 when there are fewer.
+// Reads `count` bytes at the current position. The system's error, or ERROR_HANDLE_EOF when there are fewer.
 ErrorCode ReadWhole(HANDLE file, void* buffer, DWORD count);
 
-// Writes `count` bytes at the current position. The system's error, or 39 when fewer were taken.
+// Writes `count` bytes at the current position. The system's error, or ERROR_HANDLE_DISK_FULL when fewer were
+// taken.
 ErrorCode WriteWhole(HANDLE file, const void* buffer, DWORD count);
 
 // Has the system put on the disk what was written. The system's error, but none for a driver that knows no

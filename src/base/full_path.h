@@ -8,11 +8,11 @@ namespace tidewell {
 
 // The full path, from a drive or a server on, of any path that the system takes; "\\?\" before a drive or a
 // server goes. `full` receives it, kPathCapacity bytes. The kind of a volume can be told of such a path only.
-// 123 for a path that means something else without its "\\?\", 206 for one that does not fit; else the
-// system's error.
+// ERROR_INVALID_NAME for a path that means something else without its "\\?\", ERROR_FILENAME_EXCED_RANGE for
+// one that does not fit; else the system's error.
 ErrorCode GetFullPath(const char* path, char* full);
 
-// The same for a file that is to be written, or a folder for such: 123 for a device, too.
+// The same for a file that is to be written, or a folder for such: ERROR_INVALID_NAME for a device, too.
 ErrorCode GetFullOutputPath(const char* path, char* full);
 
 }  // namespace tidewell

@@ -16,7 +16,7 @@ using RegistryKey = Owned<RegistryKeyTraits>;
 
 // Reads a value as it is stored, whatever its type, into `buffer` of `size` bytes and closes it with a NUL
 // where there is room. `stored` receives the number of bytes that the value has. Returns the registry's
-// result; 234 when the value is larger than the buffer.
+// result; ERROR_MORE_DATA when the value is larger than the buffer.
 inline ErrorCode QueryRegistryValue(const RegistryKey& key, const char* name, void* buffer, DWORD size,
                                     DWORD* stored) {
     *stored = size;
@@ -27,7 +27,7 @@ inline ErrorCode QueryRegistryValue(const RegistryKey& key, const char* name, vo
 }
 
 // The same for a text. Whoever wrote it may have left its NUL out: a text that fills the buffer without one
-// gives 234 too.
+// gives ERROR_MORE_DATA too.
 inline ErrorCode QueryRegistryText(const RegistryKey& key, const char* name, char* buffer, DWORD size) {
     DWORD stored = 0;
     const ErrorCode result = QueryRegistryValue(key, name, buffer, size, &stored);

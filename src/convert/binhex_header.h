@@ -23,10 +23,10 @@ struct BinHexHeader {
     BinHexFields fields;
 };
 
-// Reads the header and checks its CRC: 23 when it is wrong, 13 for an empty name.
+// Reads the header and checks its CRC: ERROR_CRC when it is wrong, ERROR_INVALID_DATA for an empty name.
 ErrorCode ReadBinHexHeader(BinHexStream& stream, BinHexHeader& header);
 
-// Reads a section's stored CRC: 23 when it is not `crc`.
+// Reads a section's stored CRC: ERROR_CRC when it is not `crc`.
 ErrorCode CheckBinHexCrc(BinHexStream& stream, uint16_t crc);
 
 }  // namespace tidewell

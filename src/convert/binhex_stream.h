@@ -17,8 +17,9 @@ struct BinHexStream {
     uint32_t runLeft = 0;  // copies of `last` still to come
 };
 
-// Produces `count` expanded bytes into `out` and runs them through `crc`, which may be null. 38 when the
-// stream ends before, 13 for a run of nothing and for a run marker without its count.
+// Produces `count` expanded bytes into `out` and runs them through `crc`, which may be null. ERROR_HANDLE_EOF
+// when the stream ends before, ERROR_INVALID_DATA for a run of nothing and for a run marker without its
+// count.
 ErrorCode ReadRunLength(BinHexStream& stream, void* out, size_t count, uint16_t* crc);
 
 // Whether the stream could hold `count` more expanded bytes, whatever they are.

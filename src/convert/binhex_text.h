@@ -12,7 +12,8 @@ namespace tidewell {
 const uint8_t* FindBinHexStart(const uint8_t* buffer, size_t length);
 
 // Decodes, in place, the text that begins with ":" and ends with the next one; blanks are passed over.
-// `produced` receives the number of bytes. 13 for any other character, 38 for a text without its end.
+// `produced` receives the number of bytes. ERROR_INVALID_DATA for any other character, ERROR_HANDLE_EOF for a
+// text without its end.
 ErrorCode DecodeBinHexText(uint8_t* text, size_t length, size_t& produced);
 
 }  // namespace tidewell

@@ -9,8 +9,9 @@
 
 namespace tidewell {
 
-// The paths of the file at `sourcePath` when it can be packed. 87: there is no such file, or its volume keeps
-// no Mac information; 2: on a volume that does, it keeps none (under Windows NT); else the system's error.
+// The paths of the file at `sourcePath` when it can be packed. ERROR_INVALID_PARAMETER: there is no such
+// file, or its volume keeps no Mac information; ERROR_FILE_NOT_FOUND: on a volume that does, it keeps none
+// (under Windows NT); else the system's error.
 ErrorCode FindMacFile(const char* sourcePath, ForkPaths& paths);
 
 // CreateMacBinaryFile for full paths. `progress` may be null.

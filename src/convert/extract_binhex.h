@@ -6,9 +6,10 @@
 
 namespace tidewell {
 
-// 13 for a file that is no BinHex, 38 for one cut short or whose header claims more than the file can hold,
-// 23 for a wrong CRC, 39 for a short write, 8 without memory, 1223 when the user cancels; else the system's.
-// A file the user keeps is no error. Nothing partial is left.
+// ERROR_INVALID_DATA for a file that is no BinHex, ERROR_HANDLE_EOF for one cut short or whose header claims
+// more than the file can hold, ERROR_CRC for a wrong CRC, ERROR_HANDLE_DISK_FULL for a short write,
+// ERROR_NOT_ENOUGH_MEMORY without memory, ERROR_CANCELLED when the user cancels; else the system's. A file
+// the user keeps is no error. Nothing partial is left.
 ErrorCode ExtractBinHex(const Extraction& extraction);
 
 }  // namespace tidewell

@@ -6,9 +6,10 @@
 
 namespace tidewell {
 
-// 23 for a header whose CRC is wrong, 13 for one that is none, 38 for a file shorter than its header says or
-// a fork cut short, 39 for a short write, 8 without memory, 1223 when the user cancels; else the system's.
-// A file the user keeps is no error. Nothing partial is left.
+// ERROR_CRC for a header whose CRC is wrong, ERROR_INVALID_DATA for one that is none, ERROR_HANDLE_EOF for a
+// file shorter than its header says or a fork cut short, ERROR_HANDLE_DISK_FULL for a short write,
+// ERROR_NOT_ENOUGH_MEMORY without memory, ERROR_CANCELLED when the user cancels; else the system's. A file
+// the user keeps is no error. Nothing partial is left.
 ErrorCode ExtractMacBinary(const Extraction& extraction);
 
 }  // namespace tidewell

@@ -37,9 +37,9 @@ struct ExtractedFile {
 };
 
 // Finds or makes the file with the length-prefixed `macName` in the destination folder, asking before one
-// that is there is replaced, and shows its title as the first line of the progress. 13 for a name that begins
-// with NUL, before anything is asked; 80 when the question has no answer; 206 for a fork whose path is too
-// long; 1223 when the user cancels.
+// that is there is replaced, and shows its title as the first line of the progress. ERROR_INVALID_DATA for a
+// name that begins with NUL, before anything is asked; ERROR_FILE_EXISTS when the question has no answer;
+// ERROR_FILENAME_EXCED_RANGE for a fork whose path is too long; ERROR_CANCELLED when the user cancels.
 ErrorCode PlaceExtractedFile(const Extraction& extraction, const uint8_t* macName, ExtractedFile& file);
 
 // Creates or empties a fork for writing; the file is `owned` from then on.

@@ -8,12 +8,13 @@
 namespace tidewell {
 
 // Copies `length` bytes from the current position of `source` to that of `destination`, in blocks of 64 KiB.
-// After each block the progress advances by it and is pumped. The system's error; 8 without memory, 38 when
-// the source ends early, 39 for a short write, 1223 when the user cancels. `progress` may be null.
+// After each block the progress advances by it and is pumped. The system's error; ERROR_NOT_ENOUGH_MEMORY
+// without memory, ERROR_HANDLE_EOF when the source ends early, ERROR_HANDLE_DISK_FULL for a short write,
+// ERROR_CANCELLED when the user cancels. `progress` may be null.
 ErrorCode CopyForkToFile(HANDLE source, HANDLE destination, DWORD length, ProgressDialog* progress);
 
-// Writes `count` zero bytes at the current position, none for 0. The system's error; 8 without memory, 39 for
-// a short write.
+// Writes `count` zero bytes at the current position, none for 0. The system's error; ERROR_NOT_ENOUGH_MEMORY
+// without memory, ERROR_HANDLE_DISK_FULL for a short write.
 ErrorCode WriteZeros(HANDLE file, DWORD count);
 
 }  // namespace tidewell

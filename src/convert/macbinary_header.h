@@ -81,18 +81,20 @@ static_assert(MacBinarySwappedBytes() == 112);
 
 // Fills a header in host order from the Finder information of the file with these paths, its name (which
 // serves as the Mac name where the volume keeps none) and the sizes of the open forks; `resourceFile` may be
-// INVALID_HANDLE_VALUE. Returns 1, or 0 with the last error: 87 for Finder information of no known kind, 223
-// for a fork longer than the header can tell, else the system's.
+// INVALID_HANDLE_VALUE. Returns 1, or 0 with the last error: ERROR_INVALID_PARAMETER for Finder information
+// of no known kind, ERROR_FILE_TOO_LARGE for a fork longer than the header can tell, else the system's.
 BOOL BuildMacBinaryHeader(const ForkPaths& paths, HANDLE dataFile, HANDLE resourceFile,
                           MacBinaryHeader* header);
 
 // Writes the header with its CRC at the start of `file`, leaving the position after its 126 bytes. Returns 1,
-// or 0 with the last error, 39 for a short write. The header is in host order again in either case.
+// or 0 with the last error, ERROR_HANDLE_DISK_FULL for a short write. The header is in host order again in
+// either case.
 BOOL WriteMacBinaryHeader(HANDLE file, MacBinaryHeader* header);
 
 // Reads and checks the header at the start of `file`, and leaves it in host order. Returns 1, or 0 with the
-// last error: 23 when its CRC is neither right nor 0 (as MacBinary I leaves it), 13 when its name's length is
-// not 1 to 63 or it needs a version of 1 to 128, 38 when the file is shorter than it says; else the system's.
+// last error: ERROR_CRC when its CRC is neither right nor 0 (as MacBinary I leaves it), ERROR_INVALID_DATA
+// when its name's length is not 1 to 63 or it needs a version of 1 to 128, ERROR_HANDLE_EOF when the file is
+// shorter than it says; else the system's.
 BOOL ReadMacBinaryHeader(HANDLE file, MacBinaryHeader* header);
 
 }  // namespace tidewell

@@ -7,15 +7,15 @@
 
 namespace tidewell {
 
-// Reads what a file has before it is emptied; a file on NTFS without Finder information begins with zeros, and
-// for an item of a Mac volume without a file, what the driver has of it is left to it (VolumeKindOther).
+// Reads what a file has before it is emptied; a file on NTFS without Finder information begins with zeros,
+// and for an item of a Mac volume without a file, what the driver has of it is left to it (VolumeKindOther).
 // Errors as ReadFinderInfo has them.
 ErrorCode ReadFinderInfoToKeep(const ForkPaths& paths, FinderInfoRecord& had);
 
 // Merges the Finder fields of a header in host order into what the file had, and writes that. Type, creator,
 // flags and window that are 0 in the header keep the file's; the icon position, and on a Mac volume the
-// attributes, are always replaced. Returns 1, or 0 with the last error, 87 for a kind of volume that keeps
-// none.
+// attributes, are always replaced. Returns 1, or 0 with the last error, ERROR_INVALID_PARAMETER for a kind of
+// volume that keeps none.
 BOOL WriteFinderInfoFromHeader(const ForkPaths& paths, const FinderInfoRecord& had,
                                const MacBinaryHeader& header);
 

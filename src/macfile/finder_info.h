@@ -64,12 +64,13 @@ struct FinderInfoRecord {
 };
 
 // Reads the record of the file with these paths, which is zero-filled and has its kind set even on failure.
-// Returns 1, or 0 with the last error: 87 where the volume keeps none, 38 for a record cut short, else the
-// file system's (2 when the file has none).
+// Returns 1, or 0 with the last error: ERROR_INVALID_PARAMETER where the volume keeps none, ERROR_HANDLE_EOF
+// for a record cut short, else the file system's (ERROR_FILE_NOT_FOUND when the file has none).
 BOOL ReadFinderInfo(const ForkPaths& paths, FinderInfoRecord* record);
 
-// Writes the whole record back and has it put on the disk. Returns 1, or 0 with the last error: 87 when the
-// file's volume is not of the record's kind, 39 for a short write, else the file system's.
+// Writes the whole record back and has it put on the disk. Returns 1, or 0 with the last error:
+// ERROR_INVALID_PARAMETER when the file's volume is not of the record's kind, ERROR_HANDLE_DISK_FULL for a
+// short write, else the file system's.
 BOOL WriteFinderInfo(const ForkPaths& paths, const FinderInfoRecord* record);
 
 }  // namespace tidewell

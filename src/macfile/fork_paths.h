@@ -39,11 +39,11 @@ struct ForkPathBuffers : ForkPaths {
 void GetForkPaths(const char* path, ForkPaths& paths);
 
 // GetForkPaths, which tells why a file has no short path or the kind of its volume cannot be told: the
-// system's error. 206 for a short path that does not fit.
+// system's error. ERROR_FILENAME_EXCED_RANGE for a short path that does not fit.
 ErrorCode FindForkPaths(const char* path, ForkPaths& paths);
 
-// The paths of the file at paths.dataPath, which may not be there yet, on a volume whose kind is known. 206
-// when the volume keeps a part whose path does not fit.
+// The paths of the file at paths.dataPath, which may not be there yet, on a volume whose kind is known.
+// ERROR_FILENAME_EXCED_RANGE when the volume keeps a part whose path does not fit.
 ErrorCode SetForkPaths(VolumeKind kind, ForkPaths& paths);
 
 // Return JoinPath's result, or 0 with nothing written where the volume keeps no such part.

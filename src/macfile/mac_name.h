@@ -11,9 +11,10 @@ namespace tidewell {
 // A Mac name is length-prefixed, in the Mac character set; `kind` is that of the volume of `folder`;
 // `outPath` receives a full path, `capacity` is its size in bytes. On a Mac volume the driver maps the name;
 // elsewhere the characters that Windows forbids become "_". Besides those named, the errors are the system's
-// and the driver's: 122 for a folder that does not fit `outPath`, 234 for a name that does not fit a path.
+// and the driver's: ERROR_INSUFFICIENT_BUFFER for a folder that does not fit `outPath`, ERROR_MORE_DATA for a
+// name that does not fit a path.
 
-// 0: the item is there; 2: it is not, or 3: not even its folder.
+// 0: the item is there; ERROR_FILE_NOT_FOUND: it is not, or ERROR_PATH_NOT_FOUND: not even its folder.
 ErrorCode LookUpMacName(VolumeKind kind, const char* folder, const uint8_t* macName, uint32_t reserved,
                         char* outPath, DWORD capacity);
 
@@ -22,12 +23,13 @@ ErrorCode LookUpMacName(VolumeKind kind, const char* folder, const uint8_t* macN
 ErrorCode CreateMacNamedFile(VolumeKind kind, const char* folder, const uint8_t* macName, uint32_t reserved,
                              char* outPath, DWORD capacity);
 
-// As LookUpMacName, for a UTF-16 name of `length` code units; 1 where the folder is on no Mac volume.
+// As LookUpMacName, for a UTF-16 name of `length` code units; ERROR_INVALID_FUNCTION where the folder is on
+// no Mac volume.
 ErrorCode LookUpUnicodeMacName(VolumeKind kind, const char* folder, DWORD length, const uint16_t* name,
                                char* outPath, DWORD capacity);
 
 // The name with a NUL after it and the forbidden and control characters replaced. Returns 1, or 0 with the
-// last error 234.
+// last error ERROR_MORE_DATA.
 BOOL MacNameToWindowsName(const uint8_t* macName, char* out, DWORD capacity);
 
 }  // namespace tidewell

@@ -18,7 +18,8 @@ LocalText FormatModuleMessage(HINSTANCE module, DWORD messageId, va_list* insert
 // A message with one insert, a text.
 LocalText FormatModuleMessageWithText(HINSTANCE module, DWORD messageId, const char* insert);
 
-// The system's text of an error, which ends its line. A text that needs inserts fails with 87.
+// The system's text of an error, which ends its line. A text that needs inserts fails with
+// ERROR_INVALID_PARAMETER.
 LocalText FormatSystemError(DWORD errorCode);
 
 }  // namespace tidewell

@@ -15,7 +15,7 @@ namespace tidewell {
 constexpr int kOwnersTitle = -1;
 
 // Shows a message and a title of `module`. `inserts`: what replaces %1, %2, ..., each of the type that its
-// format in the message says. Without an owner, kOwnersTitle fails with 87.
+// format in the message says. Without an owner, kOwnersTitle fails with ERROR_INVALID_PARAMETER.
 int ShowMessage(HINSTANCE module, HWND owner, DWORD messageId, int titleId, UINT style, va_list* inserts);
 
 // The same from ResourceModule, with the inserts as further arguments.

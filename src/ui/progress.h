@@ -1,8 +1,8 @@
 // The progress of a long operation, as its worker sees it: an object that may be null, and free functions on
 // it that do nothing harmful with a null one. The library shows it in a window, the command on a terminal.
 //
-// Everything runs on the thread that created the object. Where a function fails with 87 it sets the
-// thread's last error and returns 0.
+// Everything runs on the thread that created the object. Where a function fails with ERROR_INVALID_PARAMETER
+// it sets the thread's last error and returns 0.
 #ifndef TIDEWELL_UI_PROGRESS_H
 #define TIDEWELL_UI_PROGRESS_H
 
@@ -26,15 +26,17 @@ namespace tidewell {
 
 using ProgressDialog = TidewellProgress;
 
-// A new object, or null with the last error: 87 for a null instance or title, 8 without memory, else the
-// display's own error. A window shows after a second, or at the first pause. With `startPaused` the clock
-// starts at the first ProgressResume. The caller frees the object with ProgressDestroy.
+// A new object, or null with the last error: ERROR_INVALID_PARAMETER for a null instance or title,
+// ERROR_NOT_ENOUGH_MEMORY without memory, else the display's own error. A window shows after a second, or at
+// the first pause. With `startPaused` the clock starts at the first ProgressResume. The caller frees the
+// object with ProgressDestroy.
 ProgressDialog* ProgressCreate(HINSTANCE instance, const char* title, HWND owner, BOOL startPaused);
 
 // Takes the display away and frees the object; null is ignored.
 void ProgressDestroy(ProgressDialog* progress);
 
-// Returns the icon shown before (null at the first call), or fails with 87 for a null argument.
+// Returns the icon shown before (null at the first call), or fails with ERROR_INVALID_PARAMETER for a null
+// argument.
 LRESULT ProgressSetIcon(ProgressDialog* progress, HICON icon);
 
 // A null text leaves its line as it is.
@@ -46,7 +48,8 @@ BOOL ProgressPump(ProgressDialog* progress);
 // The owner for prompts; null for a null object, and where the display is no window.
 HWND ProgressWindow(const ProgressDialog* progress);
 
-// Amounts are in the caller's unit; the file conversions count bytes. Each fails with 87 for a null argument.
+// Amounts are in the caller's unit; the file conversions count bytes. Each fails with ERROR_INVALID_PARAMETER
+// for a null argument.
 BOOL ProgressSetTotal(ProgressDialog* progress, const uint64_t* total);
 
 // These move the bar and serve the display; only ProgressPump tells of a cancel. Done beyond the total
@@ -55,8 +58,8 @@ BOOL ProgressSetDone(ProgressDialog* progress, const uint64_t* done);
 BOOL ProgressAdvance(ProgressDialog* progress, uint32_t amount);
 BOOL ProgressGetDone(const ProgressDialog* progress, uint64_t* done);
 
-// Around every prompt. Pauses nest; the outermost pair stops and starts the clock. A pause shows the
-// display at once. Resume without a pause fails with 87.
+// Around every prompt. Pauses nest; the outermost pair stops and starts the clock. A pause shows the display
+// at once. Resume without a pause fails with ERROR_INVALID_PARAMETER.
 BOOL ProgressPause(ProgressDialog* progress);
 BOOL ProgressResume(ProgressDialog* progress);
 

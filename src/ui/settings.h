@@ -7,7 +7,7 @@
 namespace tidewell {
 
 // Reads a value, whatever its type, into `buffer` of `size` bytes. 1, or 0 with the registry's result as the
-// last error: 2 when there is none, 234 when it does not fit with its NUL.
+// last error: ERROR_FILE_NOT_FOUND when there is none, ERROR_MORE_DATA when it does not fit with its NUL.
 BOOL ReadSettingString(BOOL perUser, const char* name, char* buffer, DWORD size);
 
 // The same for the path of a folder that exists; 0 with an empty text for any other.
