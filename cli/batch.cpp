@@ -2,7 +2,7 @@
 
 #include "host.h"
 #include "replace_policy.h"
-#include "macfile/path.h"
+#include "base/path.h"
 #include "module/module_state.h"
 
 #include <optional>

@@ -1,6 +1,6 @@
 // Progress as one line of the terminal, drawn anew in place. Where there is no terminal it stays silent, but
 // the interrupt key cancels all the same.
-#include "ui/progress_display.h"
+#include "console_progress.h"
 
 #include "host.h"
 #include "report.h"
@@ -9,7 +9,9 @@
 #include <memory>
 #include <string>
 
-namespace tidewell::progress_display {
+namespace cli {
+
+using tidewell::ProgressDialog;
 
 namespace {
 
@@ -27,7 +29,7 @@ struct Line {
     int64_t created = 0;
     int64_t drawn = 0;
     int64_t estimated = 0;
-    bool visible = cli::isTerminal(cli::Stream::errors);
+    bool visible = isTerminal(Stream::errors);
     bool due = false;     // its first second has passed
     size_t onScreen = 0;  // characters of the line that the terminal shows now
 };
@@ -46,7 +48,7 @@ std::string shortened(const std::string& name) {
 
 void erase() {
     if (line->onScreen == 0) return;
-    cli::print(cli::Stream::errors, '\r' + std::string(line->onScreen, ' ') + '\r');
+    print(Stream::errors, '\r' + std::string(line->onScreen, ' ') + '\r');
     line->onScreen = 0;
 }
 
@@ -55,19 +57,19 @@ void draw(const ProgressDialog& progress, int64_t now) {
     const double part =
         progress.total > 0 ? static_cast<double>(progress.done) / static_cast<double>(progress.total) : 0;
     const auto filled = static_cast<size_t>(part * static_cast<double>(kBarWidth));
-    std::string text = shortened(cli::shownOn(cli::Stream::errors, line->title)) + "  [" +
-                       std::string(filled, '#') + std::string(kBarWidth - filled, '-') + "] " +
+    std::string text = shortened(shownOn(Stream::errors, line->title)) + "  [" + std::string(filled, '#') +
+                       std::string(kBarWidth - filled, '-') + "] " +
                        std::to_string(static_cast<int>(100 * part)) + "%  " + line->remaining;
-    text.resize(std::min<size_t>(text.size(), cli::terminalWidth() - 1));
+    text.resize(std::min<size_t>(text.size(), terminalWidth() - 1));
     const size_t rest = line->onScreen > text.size() ? line->onScreen - text.size() : 0;
-    cli::print(cli::Stream::errors, '\r' + text + std::string(rest, ' '));
+    print(Stream::errors, '\r' + text + std::string(rest, ' '));
     line->onScreen = text.size() + rest;
     line->drawn = now;
 }
 
 void estimate(const ProgressDialog& progress, int64_t now) {
     line->estimated = now;
-    const TimeRemaining remaining = ProgressTimeRemaining(progress);
+    const tidewell::TimeRemaining remaining = tidewell::ProgressTimeRemaining(progress);
     char text[kTemplateCapacity];
     if (remaining.stringId == 0 || LoadStringA(progress.instance, remaining.stringId, text, sizeof text) == 0)
         return;
@@ -77,11 +79,9 @@ void estimate(const ProgressDialog& progress, int64_t now) {
     line->remaining = shown;
 }
 
-}  // namespace
-
 BOOL create(ProgressDialog&, const char*, HWND) {
     line = std::make_unique<Line>();
-    line->created = SystemTime100ns();
+    line->created = tidewell::SystemTime100ns();
     return TRUE;
 }
 
@@ -109,12 +109,17 @@ void showNow(ProgressDialog&) {
 }
 
 void serve(ProgressDialog& progress) {
-    if (cli::interrupted()) progress.cancelled = 1;
+    if (interrupted()) progress.cancelled = 1;
     if (!line->visible) return;
-    const int64_t now = SystemTime100ns();
+    const int64_t now = tidewell::SystemTime100ns();
     if (now - line->created >= kShowAfter) line->due = true;
     if (now - line->estimated >= kEstimateEvery) estimate(progress, now);
     if (line->due && progress.pauses == 0 && now - line->drawn >= kRedrawEvery) draw(progress, now);
 }
 
-}  // namespace tidewell::progress_display
+}  // namespace
+
+const tidewell::ProgressDisplay consoleProgress = {create,   destroy,     setIcon, setText,
+                                                   setRange, setPosition, showNow, serve};
+
+}  // namespace cli

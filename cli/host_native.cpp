@@ -6,7 +6,7 @@
 #include "pc/mac_volume_driver.h"
 #include "pc/pc.h"
 
-#include "macfile/path.h"
+#include "base/path.h"
 #include "module/module_state.h"
 
 #include <csignal>
@@ -88,6 +88,7 @@ Host::Host() {
     // information.
     thePc->setPathLimit(tidewell::kPathCapacity);
     thePc->journal().setKept(false);
+    thePc->setDeviceNames(false);
     thePc->addDrive(kHostDrive, DRIVE_FIXED, pc::makeMacVolume("/"));
     thePc->addDevice(pc::kMacVolumeDriverName, pc::makeMacVolumeDriver(*thePc));
     catchInterrupts();

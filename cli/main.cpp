@@ -1,12 +1,17 @@
 // The tidewell command.
+#include "console_progress.h"
 #include "extract.h"
 #include "host.h"
 #include "options.h"
 #include "pack.h"
+#include "replace_policy.h"
 #include "report.h"
 #include "res/version.h"
+#include "ui/user.h"
 
 namespace {
+
+const tidewell::User kTerminalUser = {&cli::consoleProgress, cli::confirmReplace, [](HWND) {}};
 
 constexpr char kUsage[] =
     "usage: tidewell pack [-o DIR] [--replace=ask|yes|no] FILE...\n"
@@ -39,6 +44,7 @@ int run(const std::vector<std::string>& arguments) {
         return cli::kWrongUse;
     }
     const cli::Host host;
+    tidewell::SetUser(&kTerminalUser);
     switch (options.action) {
     case cli::Action::pack: return cli::pack(options);
     case cli::Action::extract: return cli::extract(options);

@@ -60,7 +60,7 @@ ErrorCode packInto(Batch& batch, const Source& source, const OutputFile& output,
     const OutputFile unfinished(batch, freshNameIn(batch.typedFolder));
     if (unfinished.windows.empty()) return ERROR_FILENAME_EXCED_RANGE;
     ErrorCode error =
-        CreateMacBinaryFile(nullptr, source.windows.c_str(), unfinished.windows.c_str(), &batch.progress);
+        tidewell::PackMacFile(source.windows.c_str(), unfinished.windows.c_str(), batch.progress);
     if (error != 0) return error;
     error = rename(unfinished.typed, output.typed, mayReplace);
     if (error != 0) DeleteFileA(unfinished.windows.c_str());

@@ -4,9 +4,9 @@
 #include "report.h"
 #include "set_aside.h"
 #include "base/text.h"
-#include "macfile/path.h"
+#include "base/path.h"
 #include "res/replace_texts.h"
-#include "ui/confirm_replace.h"
+#include "res/resource.h"
 
 #include <utility>
 #include <vector>
@@ -101,6 +101,10 @@ int decide(const std::string& path, bool several) {
 
 }  // namespace
 
+int confirmReplace(HWND, const char* path, BOOL several) {
+    return decide(path, several != FALSE);
+}
+
 void beginReplacing(Replace replace, const std::string& typedFolder, bool writesInPlace) {
     policy = {replace, typedFolder, writesInPlace, {}, {}, {}};
 }
@@ -126,12 +130,3 @@ std::string takeRefusal() {
 }
 
 }  // namespace cli
-
-namespace tidewell {
-
-// Off Windows, and in the command, the library asks on the terminal.
-int ConfirmFileReplace(HWND, const char* path, BOOL several) {
-    return cli::decide(path, several != FALSE);
-}
-
-}  // namespace tidewell

@@ -4,6 +4,8 @@
 
 #include "options.h"
 
+#include <windows.h>
+
 #include <string>
 
 namespace cli {
@@ -11,6 +13,9 @@ namespace cli {
 // Begins a run: nothing is protected yet. With `writesInPlace` a file that the user gives up is set
 // aside, so that it is not lost before its successor is whole.
 void beginReplacing(Replace replace, const std::string& typedFolder, bool writesInPlace);
+
+// The library's replace question.
+int confirmReplace(HWND owner, const char* path, BOOL several);
 
 // A file of this run that no output replaces, whatever was answered: one of its sources, or an output, since
 // two files whose outputs have one name would silently become one.

@@ -23,19 +23,13 @@ if(TIDEWELL_TEST_SOURCES)
   tidewell_add_test_program(tidewell_tests ${TIDEWELL_TEST_SOURCES} ${TIDEWELL_TEST_SUPPORT_SOURCES})
   target_link_libraries(tidewell_tests PRIVATE tidewell_pc tidewell_kernel)
   if(WIN32)
-    target_link_libraries(tidewell_tests PRIVATE tidewell_attach)
+    target_link_libraries(tidewell_tests PRIVATE tidewell_windowed tidewell_attach)
+    # Some load the libraries and start the command.
+    add_dependencies(tidewell_tests tidewell_library tidewell_locale_de tidewell)
   endif()
 endif()
 
 if(WIN32)
-  if(TIDEWELL_WINDOW_TEST_SOURCES)
-    tidewell_add_test_program(tidewell_window_tests
-      ${TIDEWELL_WINDOW_TEST_SOURCES} ${TIDEWELL_WINDOW_TEST_SUPPORT_SOURCES})
-    target_link_libraries(tidewell_window_tests PRIVATE tidewell_windowed tidewell_pc)
-    # They load the libraries and start the command.
-    add_dependencies(tidewell_window_tests tidewell_library tidewell_locale_de tidewell)
-  endif()
-
   add_test(NAME library_imports
            COMMAND ${PROJECT_SOURCE_DIR}/tools/check-imports $<TARGET_FILE:tidewell_library>)
   add_test(NAME library_exports

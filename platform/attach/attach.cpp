@@ -23,6 +23,11 @@ bool answersPATH(LPCSTR path, Rest...) {
 }
 
 template <typename... Rest>
+bool answersWPATH(LPCWSTR path, Rest...) {
+    return kernel::ownsPath(path);
+}
+
+template <typename... Rest>
 bool answersHANDLE(HANDLE handle, Rest...) {
     return kernel::ownsHandle(handle);
 }

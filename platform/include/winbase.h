@@ -26,12 +26,8 @@
 #define FILE_CURRENT 1u
 #define FILE_END 2u
 
-#define DRIVE_UNKNOWN 0u
-#define DRIVE_NO_ROOT_DIR 1u
 #define DRIVE_REMOVABLE 2u
 #define DRIVE_FIXED 3u
-#define DRIVE_REMOTE 4u
-#define DRIVE_CDROM 5u
 
 #define SEM_FAILCRITICALERRORS 0x0001u
 

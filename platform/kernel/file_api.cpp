@@ -43,11 +43,10 @@ pc::Error openDevice(const std::string& path, std::shared_ptr<pc::Device> device
 }
 
 pc::Error openFile(const std::string& path, const pc::OpenMode& mode, HANDLE& handle) {
-    if (std::shared_ptr<pc::Device> device = findDevice(path.c_str()))
-        return openDevice(path, std::move(device), mode, handle);
     PcPath target;
     pc::Error error = findPath(path.c_str(), target);
     if (error != 0) return error;
+    if (target.device != nullptr) return openDevice(path, std::move(target.device), mode, handle);
     pc::Opened opened;
     const bool query = !mode.read && !mode.write;
     error = query ? target.volume->openForQuery(target.inside, opened)
@@ -156,7 +155,7 @@ BOOL GetFileInformationByHandle(HANDLE handle, LPBY_HANDLE_FILE_INFORMATION info
     if (error == 0) error = file->file->size(size);
     PcPath target;
     uint32_t bits = 0;
-    if (error == 0) error = findPath(file->path.c_str(), target);
+    if (error == 0) error = findFile(file->path.c_str(), target);
     if (error == 0) error = target.volume->attributes(target.inside, bits);
     if (error != 0) return call.end(error);
     const uint64_t index = std::hash<std::string>()(file->identity);

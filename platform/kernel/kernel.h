@@ -11,9 +11,10 @@ namespace kernel {
 #include "../include/win32_calls.inc"
 #undef PC_CALL
 
-// Whether the PC answers for this path: one of its drives, or any device (so that none of the machine's own
-// is ever reached).
+// Whether the PC answers for this path: one of its drives, a relative one when it has a current folder, or
+// any device (so that none of the machine's own is ever reached).
 bool ownsPath(LPCSTR path);
+bool ownsPath(LPCWSTR path);
 bool ownsHandle(HANDLE handle);
 bool ownsMemory(const void* memory);
 

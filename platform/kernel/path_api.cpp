@@ -1,5 +1,7 @@
 // Files and volumes by path.
+#include "../pc/utf8.h"
 #include "call.h"
+#include "full_path.h"
 #include "kernel.h"
 #include "pc_path.h"
 
@@ -38,15 +40,69 @@ bool copyText(const std::string& text, LPSTR buffer, DWORD capacity) {
     return true;
 }
 
+pc::Error fullAnsiPath(LPCSTR path, std::string& text) {
+    const pc::Pc* const pc = pc::Pc::current();
+    if (pc == nullptr) return ERROR_PATH_NOT_FOUND;
+    const std::optional<std::string> utf8 = pc::utf8FromAnsi(pc->codePage(), path != nullptr ? path : "");
+    if (!utf8) return ERROR_INVALID_NAME;
+    std::string full;
+    const pc::Error error = fullPathOf(*pc, *utf8, full);
+    if (error == 0) text = pc::ansiFromUtf8(pc->codePage(), full, /*exact=*/false).value_or("");
+    return error;
+}
+
+// What follows the last '\\', which may be the second byte of a character; null when nothing does.
+LPSTR filePartOf(LPSTR path) {
+    const unsigned codePage = pc::ansiCodePage();
+    LPSTR part = path;
+    for (LPSTR at = path; *at != '\0'; ++at) {
+        if (*at == '\\') part = at + 1;
+        if (pc::isLeadByte(codePage, static_cast<uint8_t>(*at)) && at[1] != '\0') ++at;
+    }
+    return *part != '\0' ? part : nullptr;
+}
+
+// For the journal.
+std::string ansiFromWide(LPCWSTR text) {
+    std::u16string units;
+    while (text != nullptr && *text != 0)
+        units += static_cast<char16_t>(*text++);
+    return pc::ansiFromUtf16(pc::ansiCodePage(), units);
+}
+
 }  // namespace
 
 BOOL DeleteFileA(LPCSTR path) {
     Call call("DeleteFileA", path != nullptr ? path : "");
     PcPath target;
     pc::Error error = call.fault();
-    if (error == 0) error = findPath(path, target);
+    if (error == 0) error = findFile(path, target);
     if (error == 0) error = deleteFile(target);
     return call.end(error);
+}
+
+BOOL DeleteFileW(LPCWSTR path) {
+    const std::string subject = ansiFromWide(path);
+    Call call("DeleteFileW", subject);
+    PcPath target;
+    pc::Error error = call.fault();
+    const pc::Pc* const pc = pc::Pc::current();
+    if (error == 0 && pc != nullptr && pc->platform() != pc::Platform::nt) error = ERROR_CALL_NOT_IMPLEMENTED;
+    if (error == 0) error = findPath(path, target);
+    if (error == 0) error = target.volume != nullptr ? deleteFile(target) : ERROR_FILE_NOT_FOUND;
+    return call.end(error);
+}
+
+DWORD GetFullPathNameA(LPCSTR path, DWORD capacity, LPSTR buffer, LPSTR* filePart) {
+    Call call("GetFullPathNameA", path != nullptr ? path : "");
+    std::string text;
+    pc::Error error = call.fault();
+    if (error == 0) error = fullAnsiPath(path, text);
+    if (error != 0) return call.end<DWORD>(error, 0, 0);
+    const auto length = static_cast<DWORD>(text.size());
+    if (!copyText(text, buffer, capacity)) return call.end<DWORD>(0, length + 1, 0);
+    if (filePart != nullptr) *filePart = filePartOf(buffer);
+    return call.end<DWORD>(0, length, 0);
 }
 
 DWORD GetFileAttributesA(LPCSTR path) {
@@ -64,7 +120,7 @@ DWORD GetShortPathNameA(LPCSTR path, LPSTR buffer, DWORD capacity) {
     PcPath target;
     std::string text;
     pc::Error error = call.fault();
-    if (error == 0) error = findPath(path, target);
+    if (error == 0) error = findFile(path, target);
     if (error == 0) error = shortPath(target, text);
     if (error != 0) return call.end<DWORD>(error, 0, 0);
     // When it does not fit, the size needed, with the NUL.
@@ -77,7 +133,7 @@ BOOL GetVolumeInformationA(LPCSTR root, LPSTR name, DWORD nameCapacity, LPDWORD 
     Call call("GetVolumeInformationA", root != nullptr ? root : "");
     PcPath target;
     pc::Error error = call.fault();
-    if (error == 0) error = findPath(root, target);
+    if (error == 0) error = findFile(root, target);
     if (error == 0 && !target.inside.empty()) error = ERROR_INVALID_NAME;
     if (error != 0) return call.end(error);
     if (name != nullptr) copyText("", name, nameCapacity);
@@ -87,14 +143,6 @@ BOOL GetVolumeInformationA(LPCSTR root, LPSTR name, DWORD nameCapacity, LPDWORD 
     if (fileSystem != nullptr && !copyText(target.volume->fileSystemName(), fileSystem, fileSystemCapacity))
         return call.end(ERROR_MORE_DATA);
     return call.end(0);
-}
-
-UINT GetDriveTypeA(LPCSTR root) {
-    const Call call("GetDriveTypeA", root != nullptr ? root : "");
-    pc::Pc* const pc = pc::Pc::current();
-    const pc::Drive* const drive =
-        pc != nullptr && root != nullptr && ownsPath(root) ? pc->drive(root[0]) : nullptr;
-    return drive != nullptr ? drive->type : DRIVE_NO_ROOT_DIR;
 }
 
 }  // namespace kernel

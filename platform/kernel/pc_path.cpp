@@ -1,60 +1,81 @@
 #include "pc_path.h"
 
+#include "../pc/utf8.h"
+#include "full_path.h"
 #include "kernel.h"
 
-#include <cctype>
-#include <cstring>
-#include <string_view>
+#include <optional>
 
 namespace kernel {
 
 namespace {
 
-constexpr std::string_view kDevicePrefix = "\\\\.\\";
+constexpr size_t kPrefixLength = 4;  // of "\\.\" and "\\?\"
 
-bool isDevice(std::string_view path) {
-    return path.starts_with(kDevicePrefix) || path.starts_with("//./") || path.starts_with("\\\\?\\");
+// An absolute path goes to its volume as it is: no program on the PC tries what a name could mean besides.
+pc::Error findUtf8(pc::Pc& pc, std::string path, PcPath& found) {
+    const bool literal = isLiteralPath(path);
+    if (literal && pc.platform() != pc::Platform::nt) return ERROR_INVALID_NAME;
+    if (!literal && isRelative(path)) {
+        const pc::Error error = fullPathOf(pc, std::string(path), path);
+        if (error != 0) return error == ERROR_INVALID_NAME ? ERROR_PATH_NOT_FOUND : error;
+    }
+    if (isDevicePath(path)) {
+        found.device = pc.device(path.substr(kPrefixLength));
+        return found.device != nullptr ? 0 : ERROR_FILE_NOT_FOUND;
+    }
+    if (!literal && !pc.takesPath(path)) return ERROR_FILENAME_EXCED_RANGE;
+    if (literal) path.erase(0, kPrefixLength);
+    if (!hasDrive(path) || isRelative(path)) return literal ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
+    pc::Drive* const drive = pc.drive(path[0]);
+    if (drive == nullptr) return ERROR_PATH_NOT_FOUND;
+    if (drive->volume == nullptr) return ERROR_NOT_READY;
+    found.volume = drive->volume.get();
+    found.letter = path[0];
+    found.inside = path.substr(3);
+    return 0;
 }
 
-bool hasDrive(std::string_view path) {
-    return path.size() >= 2 && path[1] == ':' && std::isalpha(static_cast<unsigned char>(path[0])) != 0;
+std::string utf8FromWide(LPCWSTR path) {
+    std::u16string units;
+    while (*path != 0)
+        units += static_cast<char16_t>(*path++);
+    return pc::bytesFromUtf16(units);
+}
+
+bool owns(std::string_view path) {
+    if (isDevicePath(path) || isLiteralPath(path)) return true;
+    pc::Pc* const pc = pc::Pc::current();
+    if (pc == nullptr) return false;
+    return hasDrive(path) ? pc->drive(path[0]) != nullptr : isRelative(path) && pc->currentDrive() != '\0';
 }
 
 }  // namespace
 
 bool ownsPath(LPCSTR path) {
-    if (path == nullptr) return false;
-    if (isDevice(path)) return true;
-    pc::Pc* const pc = pc::Pc::current();
-    return pc != nullptr && hasDrive(path) && pc->drive(path[0]) != nullptr;
+    return path != nullptr && owns(path);
 }
 
-std::shared_ptr<pc::Device> findDevice(LPCSTR path) {
-    const pc::Pc* const pc = pc::Pc::current();
-    if (path == nullptr || pc == nullptr) return nullptr;
-    std::string_view name = path;
-    if (!name.starts_with(kDevicePrefix)) return nullptr;
-    name.remove_prefix(kDevicePrefix.size());
-    return pc->device(name);
+bool ownsPath(LPCWSTR path) {
+    return path != nullptr && owns(utf8FromWide(path));
 }
 
 pc::Error findPath(LPCSTR path, PcPath& found) {
     pc::Pc* const pc = pc::Pc::current();
     if (path == nullptr || pc == nullptr) return ERROR_PATH_NOT_FOUND;
-    if (isDevice(path)) return ERROR_FILE_NOT_FOUND;
-    if (std::strlen(path) + 1 > pc->pathLimit()) return ERROR_FILENAME_EXCED_RANGE;
-    pc::Drive* const drive = hasDrive(path) ? pc->drive(path[0]) : nullptr;
-    if (drive == nullptr) return ERROR_PATH_NOT_FOUND;
-    if (drive->volume == nullptr) return ERROR_NOT_READY;
+    std::optional<std::string> utf8 = pc::utf8FromAnsi(pc->codePage(), path);
+    return utf8 ? findUtf8(*pc, std::move(*utf8), found) : ERROR_INVALID_NAME;
+}
 
-    const char* inside = path + 2;
-    if (*inside == '\\') ++inside;
-    std::optional<std::string> utf8 = pc::utf8FromAnsi(pc->codePage(), inside);
-    if (!utf8) return ERROR_INVALID_NAME;
-    found.volume = drive->volume.get();
-    found.letter = path[0];
-    found.inside = std::move(*utf8);
-    return 0;
+pc::Error findPath(LPCWSTR path, PcPath& found) {
+    pc::Pc* const pc = pc::Pc::current();
+    if (path == nullptr || pc == nullptr) return ERROR_PATH_NOT_FOUND;
+    return findUtf8(*pc, utf8FromWide(path), found);
+}
+
+pc::Error findFile(LPCSTR path, PcPath& found) {
+    const pc::Error error = findPath(path, found);
+    return error == 0 && found.device != nullptr ? ERROR_FILE_NOT_FOUND : error;
 }
 
 }  // namespace kernel

@@ -64,8 +64,10 @@ void GetSystemTimeAsFileTime(FILETIME* time) {
     time->dwHighDateTime = static_cast<DWORD>(now >> 32);
 }
 
-void SHChangeNotify(LONG event, UINT /*flags*/, LPCVOID item1, LPCVOID /*item2*/) {
-    const Call call("SHChangeNotify", static_cast<const char*>(item1), static_cast<uint32_t>(event));
+// What the items are, the flags tell.
+void SHChangeNotify(LONG event, UINT flags, LPCVOID item1, LPCVOID /*item2*/) {
+    const Call call("SHChangeNotify", flags == SHCNF_PATHA ? static_cast<const char*>(item1) : "",
+                    static_cast<uint32_t>(event));
 }
 
 }  // namespace kernel

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace pc {
 
@@ -18,24 +20,31 @@ class FaultPlan {
     void shortTransfer(int n) { plan(Kind::transfer, n, 0); }
     // The n-th call for memory, and every one after it, fails.
     void failMemory(int n) { plan(Kind::memory, n, 0); }
+    // Every call of this name on this path fails.
+    void failAlways(std::string name, std::string subject, uint32_t error) {
+        plan(Kind::always, 0, error);
+        alwaysCall_ = std::move(name);
+        alwaysSubject_ = std::move(subject);
+    }
     void clear() { plan(Kind::none, 0, 0); }
 
     bool hit() const { return hit_; }
     const std::string& hitCall() const { return hitCall_; }
+    const std::string& hitSubject() const { return hitSubject_; }
     // The error that the call was failed with; 0 for a short transfer.
     uint32_t injected() const { return injected_; }
 
     // For the kernel: the error that this call must fail with, or 0.
-    uint32_t onCall(const char* name);
-    uint32_t onMemoryCall(const char* name);
+    uint32_t onCall(const char* name, std::string_view subject = {});
+    uint32_t onMemoryCall(const char* name, std::string_view subject = {});
     // For the kernel: how many of `count` bytes to transfer.
-    size_t onTransfer(const char* name, size_t count);
+    size_t onTransfer(const char* name, std::string_view subject, size_t count);
 
   private:
-    enum class Kind { none, call, transfer, memory };
+    enum class Kind { none, call, always, transfer, memory };
 
     void plan(Kind kind, int n, uint32_t error);
-    bool strikes(const char* name);
+    bool strikes(const char* name, std::string_view subject);
 
     Kind kind_ = Kind::none;
     int left_ = 0;
@@ -43,6 +52,9 @@ class FaultPlan {
     bool hit_ = false;
     uint32_t injected_ = 0;
     std::string hitCall_;
+    std::string hitSubject_;
+    std::string alwaysCall_;
+    std::string alwaysSubject_;
 };
 
 }  // namespace pc

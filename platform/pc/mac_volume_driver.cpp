@@ -132,11 +132,10 @@ Error MacVolumeDriver::findFolder(const std::string& path, Folder& folder) const
 
 // Whether a Windows program can get at the item: what it cannot name would be lost to it.
 Error MacVolumeDriver::checkName(const Folder& folder, const std::string& windowsName) const {
-    const std::optional<std::string> ansi =
-        ansiFromUtf8(pc_.codePage(), folder.path + windowsName, /*exact=*/true);
-    if (!ansi) return kInvalidName;
+    const std::string path = folder.path + windowsName;
+    if (!ansiFromUtf8(pc_.codePage(), path, /*exact=*/true)) return kInvalidName;
     const bool fits = utf16FromBytes(windowsName).size() < std::size(NameReply().name);
-    return fits && ansi->size() < pc_.pathLimit() ? 0 : kNameTooLong;
+    return fits && pc_.takesPath(path) ? 0 : kNameTooLong;
 }
 
 Error MacVolumeDriver::nameToPath(std::span<const uint8_t> input, std::span<uint8_t> output,

@@ -1,6 +1,7 @@
 #include "pc.h"
 
 #include "letter_case.h"
+#include "utf8.h"
 
 #include <cctype>
 #include <utility>
@@ -16,6 +17,10 @@ Pc* currentPc = nullptr;
 // Handle values that Windows' own, small multiples of 4, never reach.
 constexpr uintptr_t kFirstHandle = 0x5D000000;
 constexpr uintptr_t kHandleRange = 0x01000000;
+
+char upperLetter(char letter) {
+    return static_cast<char>(std::toupper(static_cast<unsigned char>(letter)));
+}
 
 bool forbids(uint32_t share, const OpenMode& mode) {
     return (mode.read && (share & FILE_SHARE_READ) == 0) || (mode.write && (share & FILE_SHARE_WRITE) == 0);
@@ -39,8 +44,28 @@ void Pc::addDrive(char letter, unsigned type, std::unique_ptr<Volume> volume) {
 }
 
 Drive* Pc::drive(char letter) {
-    const auto found = drives_.find(static_cast<char>(std::toupper(static_cast<unsigned char>(letter))));
+    const auto found = drives_.find(upperLetter(letter));
     return found == drives_.end() ? nullptr : &found->second;
+}
+
+bool Pc::takesPath(const std::string& utf8) const {
+    const size_t limit = pathLimit_ != 0 ? pathLimit_ : MAX_PATH;
+    // No form of a text has more units or bytes than UTF-8.
+    if (utf8.size() < limit) return true;
+    if (pathLimit_ == 0 && platform_ == Platform::nt) return utf16FromBytes(utf8).size() < limit;
+    return ansiFromUtf8(codePage_, utf8, /*exact=*/false).value_or(utf8).size() < limit;
+}
+
+void Pc::setCurrentFolder(const std::string& path) {
+    currentDrive_ = upperLetter(path.at(0));
+    std::string folder = path.substr(2);
+    if (folder.ends_with('\\')) folder.pop_back();
+    currentFolders_[currentDrive_] = std::move(folder);
+}
+
+std::string Pc::currentFolder(char letter) const {
+    const auto found = currentFolders_.find(upperLetter(letter));
+    return found == currentFolders_.end() ? std::string() : found->second;
 }
 
 void Pc::addDevice(std::string_view name, std::shared_ptr<Device> device) {

@@ -59,9 +59,22 @@ class Pc {
     void setCodePage(unsigned codePage) { codePage_ = codePage; }
     unsigned codePage() const { return codePage_; }
 
-    // The longest path with its terminating NUL; Windows' own limit at first.
+    // A limit in bytes, with the NUL, in the place of Windows' own: that is 260 characters on NT, and 260
+    // bytes of the code page on 95 and 98.
     void setPathLimit(size_t bytes) { pathLimit_ = bytes; }
-    size_t pathLimit() const { return pathLimit_; }
+    bool takesPath(const std::string& utf8) const;
+
+    // Text of the code page: makes "X:\folder" the current folder, and X: the current drive. A drive's folder
+    // is its root at first; there is no current drive at first.
+    void setCurrentFolder(const std::string& path);
+    char currentDrive() const { return currentDrive_; }
+    // Without the drive and without a separator at its end.
+    std::string currentFolder(char letter) const;
+
+    // Whether NUL, COM1 and their like are devices in every folder. Not where a host's files may have such
+    // names.
+    void setDeviceNames(bool reserved) { deviceNames_ = reserved; }
+    bool hasDeviceNames() const { return deviceNames_; }
 
     Journal& journal() { return journal_; }
     FaultPlan& faults() { return faults_; }
@@ -88,7 +101,10 @@ class Pc {
     std::map<char, Drive> drives_;
     std::map<std::string, std::shared_ptr<Device>> devices_;  // by the name in capitals
     unsigned codePage_ = 1252;
-    size_t pathLimit_ = 260;
+    size_t pathLimit_ = 0;  // 0: Windows' own
+    bool deviceNames_ = true;
+    char currentDrive_ = '\0';
+    std::map<char, std::string> currentFolders_;
     Journal journal_;
     FaultPlan faults_;
     Clock clock_;

@@ -2,20 +2,27 @@
 
 namespace tidewell {
 
-bool MayExist(const char* path) {
-    if (GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES) return true;
-    switch (GetLastError()) {
+bool MeansNothingThere(ErrorCode error) {
+    switch (error) {
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
     case ERROR_INVALID_DRIVE:
     case ERROR_NOT_READY:
     case ERROR_BAD_NETPATH:
+    case ERROR_DEV_NOT_EXIST:
+    case ERROR_NETNAME_DELETED:
     case ERROR_BAD_NET_NAME:
     case ERROR_INVALID_NAME:
     case ERROR_BAD_PATHNAME:
-    case ERROR_FILENAME_EXCED_RANGE: return false;
-    default: return true;
+    case ERROR_FILENAME_EXCED_RANGE:
+    case ERROR_UNRECOGNIZED_VOLUME:
+    case ERROR_NO_NETWORK: return true;
+    default: return false;
     }
+}
+
+bool MayExist(const char* path) {
+    return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES || !MeansNothingThere(GetLastError());
 }
 
 ErrorCode OpenForReading(const char* path, OwnedFile& file) {
@@ -42,6 +49,12 @@ ErrorCode WriteWhole(HANDLE file, const void* buffer, DWORD count) {
     DWORD transferred = 0;
     if (!WriteFile(file, buffer, count, &transferred, nullptr)) return lastErrorOr(ERROR_HANDLE_DISK_FULL);
     return transferred == count ? 0 : ERROR_HANDLE_DISK_FULL;
+}
+
+ErrorCode FlushWritten(HANDLE file) {
+    if (FlushFileBuffers(file)) return 0;
+    const ErrorCode error = lastErrorOr(ERROR_GEN_FAILURE);
+    return error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ? 0 : error;
 }
 
 ErrorCode CloseWritten(OwnedFile& file) {

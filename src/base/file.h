@@ -12,8 +12,12 @@ namespace tidewell {
 // The size of every path buffer, in bytes.
 constexpr DWORD kPathCapacity = 520;
 
-// False when there is nothing at `path` that could be lost: no such file, folder, drive or share, no disk in
-// the drive, or no path at all. A file that cannot be looked at for another reason may be there.
+// Whether an error of looking at a path says that there is nothing: no such file, folder, drive, server or
+// share, no disk in the drive, none that any file system knows, no network, or no path at all.
+bool MeansNothingThere(ErrorCode error);
+
+// False when there is nothing at `path` that could be lost. A file that cannot be looked at, for a reason
+// that does not mean that nothing is there, may be there.
 bool MayExist(const char* path);
 
 // Opens an existing file for reading, which others may read, too, and no one write to.
@@ -27,6 +31,10 @@ ErrorCode ReadWhole(HANDLE file, void* buffer, DWORD count);
 
 // Writes `count` bytes at the current position. The system's error, or 39 when fewer were taken.
 ErrorCode WriteWhole(HANDLE file, const void* buffer, DWORD count);
+
+// Has the system put on the disk what was written. The system's error, but none for a driver that knows no
+// such request: the file is whole, and nothing more can be done for it.
+ErrorCode FlushWritten(HANDLE file);
 
 // Closes a file that was written to. The system's error: some file systems tell only now that they could not
 // keep everything.

@@ -1,6 +1,7 @@
 #include "convert/create_macbinary.h"
 
 #include "base/file.h"
+#include "base/full_path.h"
 #include "convert/fork_copy.h"
 #include "convert/macbinary_header.h"
 #include "macfile/fork_paths.h"
@@ -60,8 +61,29 @@ ErrorCode writeOutput(const char* outputPath, const OpenForks& forks, MacBinaryH
     return error;
 }
 
-ErrorCode createMacBinaryFile(const char* sourcePath, const char* outputPath, ProgressDialog* progress) {
+ErrorCode createFromFullPaths(const char* sourcePath, const char* outputPath, ProgressDialog* progress) {
     if (sourcePath == nullptr || outputPath == nullptr) return ERROR_INVALID_PARAMETER;
+    char source[kPathCapacity];
+    char output[kPathCapacity];
+    ErrorCode error = GetFullPath(sourcePath, source);
+    if (error == 0) error = GetFullOutputPath(outputPath, output);
+    return error != 0 ? error : PackMacFile(source, output, progress);
+}
+
+}  // namespace
+
+ErrorCode FindMacFile(const char* sourcePath, ForkPaths& paths) {
+    ErrorCode error = FindForkPaths(sourcePath, paths);
+    // A drive without its disk may get it.
+    if (error != 0)
+        return MeansNothingThere(error) && error != ERROR_NOT_READY ? ERROR_INVALID_PARAMETER : error;
+    if (paths.kind == VolumeKindOther) return ERROR_INVALID_PARAMETER;
+    error = checkExists(paths.dataPath);
+    // Under Windows 95 and 98 only the driver keeps Finder information, and it has one for every file.
+    return error != 0 || !RunningOnNt ? error : checkExists(paths.finderInfoPath);
+}
+
+ErrorCode PackMacFile(const char* sourcePath, const char* outputPath, ProgressDialog* progress) {
     ForkPathBuffers paths;
     ErrorCode error = FindMacFile(sourcePath, paths);
     if (error != 0) return error == ERROR_FILE_NOT_FOUND ? 0 : error;
@@ -70,23 +92,11 @@ ErrorCode createMacBinaryFile(const char* sourcePath, const char* outputPath, Pr
     error = openForks(paths, forks);
     if (error != 0) return error;
     MacBinaryHeader header;
-    if (!BuildMacBinaryHeader(paths.dataPath, paths.finderInfoPath, forks.data.get(), forks.resource.get(),
-                              &header))
+    if (!BuildMacBinaryHeader(paths, forks.data.get(), forks.resource.get(), &header))
         return lastErrorOr(ERROR_INVALID_PARAMETER);
     // Only the forks are held open: an output that is the source's Finder information would replace it.
     if (IsForkPath(outputPath)) return ERROR_INVALID_NAME;
     return writeOutput(outputPath, forks, header, progress);
-}
-
-}  // namespace
-
-ErrorCode FindMacFile(const char* sourcePath, ForkPaths& paths) {
-    GetForkPaths(sourcePath, paths);
-    if (paths.dataLength == 0 || paths.resourceLength == 0 || paths.finderInfoLength == 0)
-        return ERROR_INVALID_PARAMETER;
-    const ErrorCode error = checkExists(paths.dataPath);
-    // Under Windows 95 and 98 only the driver keeps Finder information, and it has one for every file.
-    return error != 0 || !RunningOnNt ? error : checkExists(paths.finderInfoPath);
 }
 
 }  // namespace tidewell
@@ -95,5 +105,5 @@ extern "C" tidewell::ErrorCode WINAPI CreateMacBinaryFile(HWND, const char* sour
                                                           const char* outputPath,
                                                           tidewell::ProgressDialog** progressRef) {
     tidewell::ProgressDialog* const progress = progressRef != nullptr ? *progressRef : nullptr;
-    return tidewell::createMacBinaryFile(sourcePath, outputPath, progress);
+    return tidewell::createFromFullPaths(sourcePath, outputPath, progress);
 }

@@ -58,7 +58,7 @@ ErrorCode writeFinderInfo(const BinHexHeader& header, const ExtractedFile& file)
     std::memset(static_cast<void*>(&merged), 0, sizeof merged);
     merged.type = header.fields.type;
     merged.creator = header.fields.creator;
-    if (WriteFinderInfoFromHeader(file.paths.finderInfoPath, merged)) return 0;
+    if (WriteFinderInfoFromHeader(file.paths, file.finderInfo, merged)) return 0;
     return lastErrorOr(ERROR_INVALID_DATA);
 }
 

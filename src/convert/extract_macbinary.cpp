@@ -55,7 +55,7 @@ ErrorCode writeFile(HANDLE source, const MacBinaryHeader& header, const Layout& 
     const ErrorCode error = writeForks(source, header, layout, file, progress);
     if (error != 0 || file.paths.finderInfoLength == 0) return error;
     SetLastError(NO_ERROR);
-    if (WriteFinderInfoFromHeader(file.paths.finderInfoPath, header)) return 0;
+    if (WriteFinderInfoFromHeader(file.paths, file.finderInfo, header)) return 0;
     return GetLastError();  // a failure that leaves no error costs no file
 }
 

@@ -1,5 +1,6 @@
 #include "convert/extract_original.h"
 
+#include "base/full_path.h"
 #include "base/text.h"
 #include "convert/extract_binhex.h"
 #include "convert/extract_macbinary.h"
@@ -23,6 +24,11 @@ extern "C" tidewell::ErrorCode WINAPI ExtractOriginalMacFile(HWND owner, const c
                                                              tidewell::ProgressDialog** progressRef) {
     if (sourcePath == nullptr || destinationFolder == nullptr || flags == nullptr)
         return ERROR_INVALID_PARAMETER;
-    return tidewell::ExtractOriginal({owner, sourcePath, destinationFolder, flags,
-                                      progressRef != nullptr ? *progressRef : nullptr, nullptr});
+    char source[tidewell::kPathCapacity];
+    char folder[tidewell::kPathCapacity];
+    tidewell::ErrorCode error = tidewell::GetFullPath(sourcePath, source);
+    if (error == 0) error = tidewell::GetFullOutputPath(destinationFolder, folder);
+    if (error != 0) return error;
+    return tidewell::ExtractOriginal(
+        {owner, source, folder, flags, progressRef != nullptr ? *progressRef : nullptr, nullptr});
 }

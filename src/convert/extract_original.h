@@ -16,8 +16,8 @@ ErrorCode ExtractOriginal(const Extraction& extraction);
 extern "C" {
 
 // ExtractOriginal for other programs. `owner` owns the replace question; `flags` is the batch's, kReplaceAll
-// and kMoreFollow; `progressRef` points to a ProgressDialog pointer, and either may be null. 87 when another
-// pointer is null.
+// and kMoreFollow; `progressRef` points to a ProgressDialog pointer, and either may be null. Any ANSI paths.
+// 87 when another pointer is null, 123 for a device as the folder.
 tidewell::ErrorCode WINAPI ExtractOriginalMacFile(HWND owner, const char* sourcePath,
                                                   const char* destinationFolder, DWORD* flags,
                                                   tidewell::ProgressDialog** progressRef);

@@ -1,7 +1,7 @@
 #include "convert/extraction.h"
 
 #include "macfile/mac_name.h"
-#include "macfile/volume_kind.h"
+#include "convert/restore_finder_info.h"
 #include "ui/confirm_replace.h"
 #include "ui/display_title.h"
 
@@ -19,7 +19,7 @@ ErrorCode confirmReplace(const Extraction& extraction, ExtractedFile& file) {
     const int answer = ConfirmFileReplace(extraction.owner, file.paths.dataPath,
                                           (*extraction.flags & kMoreFollow) != 0 ? TRUE : FALSE);
     // The resume serves the display, which must not lose the answer to its last error.
-    const ErrorCode error = answer == -1 ? lastErrorOr(ERROR_FILE_EXISTS) : 0;
+    const ErrorCode error = answer == -1 ? lastErrorOr(ERROR_FILE_EXISTS) : ERROR_FILE_EXISTS;
     ProgressResume(extraction.progress);
     switch (answer) {
     case IDYESTOALL: *extraction.flags |= kReplaceAll; return 0;
@@ -30,22 +30,46 @@ ErrorCode confirmReplace(const Extraction& extraction, ExtractedFile& file) {
     }
 }
 
-ErrorCode placeFile(const Extraction& extraction, const uint8_t* macName, ExtractedFile& file) {
-    char* const path = file.paths.dataPath;
-    const DWORD capacity = file.paths.dataLength;
-    const ErrorCode found = LookUpMacName(extraction.destinationFolder, macName, 0, path, capacity);
-    if (found == 0) return confirmReplace(extraction, file);
-    if (found != ERROR_FILE_NOT_FOUND) return found;
-    const ErrorCode created = CreateMacNamedFile(extraction.destinationFolder, macName, 0, path, capacity);
-    file.owned = created == 0;
-    return created;
+// The forks' paths from that of the file, which may not be there yet. A volume that keeps Mac information
+// must get it all: what is said of the longest path, a fork's, is said now, and not when half of the file is
+// there.
+ErrorCode reachForks(VolumeKind kind, ForkPaths& paths) {
+    const ErrorCode error = SetForkPaths(kind, paths);
+    if (error != 0 || paths.resourceLength == 0) return error;
+    if (GetFileAttributesA(paths.resourcePath) != INVALID_FILE_ATTRIBUTES) return 0;
+    const ErrorCode look = lastErrorOr(ERROR_GEN_FAILURE);
+    return look == ERROR_FILE_NOT_FOUND ? 0 : look;
 }
 
-// A volume that keeps Mac information must get it all: a path too long for it is no reason to drop it.
-bool areForksInReach(const ForkPaths& paths) {
-    if (paths.dataLength >= MAX_PATH) return false;
-    const bool keepsForks = GetVolumeKindOfPath(paths.dataPath) != VolumeKindOther;
-    return !keepsForks || (paths.resourceLength != 0 && paths.finderInfoLength != 0);
+ErrorCode replaceFile(const Extraction& extraction, VolumeKind kind, ExtractedFile& file) {
+    ErrorCode error = reachForks(kind, file.paths);
+    if (error == 0) error = confirmReplace(extraction, file);
+    if (error != 0 || file.skip || kind == VolumeKindOther) return error;
+    return ReadFinderInfoToKeep(file.paths, file.finderInfo);
+}
+
+// Only the driver knows the path of a file that is not there yet on its volume.
+ErrorCode createFile(const Extraction& extraction, const uint8_t* macName, VolumeKind kind,
+                     ExtractedFile& file) {
+    ErrorCode error = kind == VolumeKindMac ? 0 : reachForks(kind, file.paths);
+    if (error == 0)
+        error = CreateMacNamedFile(kind, extraction.destinationFolder, macName, 0, file.paths.dataPath,
+                                   kPathCapacity);
+    if (error != 0) return error;
+    file.owned = true;
+    if (kind == VolumeKindMac) error = reachForks(kind, file.paths);
+    return error != 0 || kind == VolumeKindOther ? error : ReadFinderInfoToKeep(file.paths, file.finderInfo);
+}
+
+ErrorCode placeFile(const Extraction& extraction, const uint8_t* macName, ExtractedFile& file) {
+    if (macName[1] == '\0') return ERROR_INVALID_DATA;
+    VolumeKind kind = VolumeKindOther;
+    const ErrorCode told = TellVolumeKindOfFolder(extraction.destinationFolder, kind);
+    if (told != 0) return told;
+    const ErrorCode found =
+        LookUpMacName(kind, extraction.destinationFolder, macName, 0, file.paths.dataPath, kPathCapacity);
+    if (found == 0) return replaceFile(extraction, kind, file);
+    return found == ERROR_FILE_NOT_FOUND ? createFile(extraction, macName, kind, file) : found;
 }
 
 }  // namespace
@@ -53,8 +77,6 @@ bool areForksInReach(const ForkPaths& paths) {
 ErrorCode PlaceExtractedFile(const Extraction& extraction, const uint8_t* macName, ExtractedFile& file) {
     const ErrorCode error = placeFile(extraction, macName, file);
     if (error != 0 || file.skip) return error;
-    GetForkPaths(file.paths.dataPath, file.paths);
-    if (!areForksInReach(file.paths)) return ERROR_FILENAME_EXCED_RANGE;
     char title[kPathCapacity];
     GetDisplayTitle(file.paths.dataPath, title);
     ProgressSetText(extraction.progress, title, nullptr);

@@ -2,9 +2,8 @@
 #ifndef TIDEWELL_CONVERT_EXTRACTION_H
 #define TIDEWELL_CONVERT_EXTRACTION_H
 
-#include "base/error_code.h"
 #include "base/owned.h"
-#include "macfile/fork_paths.h"
+#include "macfile/finder_info.h"
 #include "ui/progress.h"
 
 #include <cstdint>
@@ -28,6 +27,8 @@ struct Extraction {
 // The file that an extraction writes.
 struct ExtractedFile {
     ForkPathBuffers paths;
+    // What the file had before it was emptied: on NTFS it may be gone then.
+    FinderInfoRecord finderInfo;
     bool skip = false;  // the user keeps the file that is there
     // Whether what is at the data path is the extraction's own: a file it made, or one it has begun to
     // replace. Only then may a failure delete it.
@@ -35,8 +36,9 @@ struct ExtractedFile {
 };
 
 // Finds or makes the file with the length-prefixed `macName` in the destination folder, asking before one
-// that is there is replaced, and shows its title as the first line of the progress. 1223 when the user
-// cancels.
+// that is there is replaced, and shows its title as the first line of the progress. 13 for a name that begins
+// with NUL, before anything is asked; 80 when the question has no answer; 206 for a fork whose path is too
+// long; 1223 when the user cancels.
 ErrorCode PlaceExtractedFile(const Extraction& extraction, const uint8_t* macName, ExtractedFile& file);
 
 // Creates or empties a fork for writing; the file is `owned` from then on.

@@ -5,7 +5,7 @@
 #include "convert/macbinary_crc.h"
 #include "convert/swap_fields.h"
 #include "macfile/finder_info.h"
-#include "macfile/path.h"
+#include "base/path.h"
 
 #include <cstring>
 
@@ -62,13 +62,13 @@ ErrorCode checkFileSize(HANDLE file, const MacBinaryFileHeader& header) {
 
 }  // namespace
 
-BOOL BuildMacBinaryHeader(const char* dataPath, const char* finderInfoPath, HANDLE dataFile,
-                          HANDLE resourceFile, MacBinaryHeader* header) {
+BOOL BuildMacBinaryHeader(const ForkPaths& paths, HANDLE dataFile, HANDLE resourceFile,
+                          MacBinaryHeader* header) {
     std::memset(static_cast<void*>(header), 0, sizeof *header);
     FinderInfoRecord record;
-    if (!ReadFinderInfo(finderInfoPath, &record)) return 0;
+    if (!ReadFinderInfo(paths, &record)) return 0;
 
-    const char* const fileName = FileNamePart(dataPath);
+    const char* const fileName = FileNamePart(paths.dataPath);
     switch (record.kind) {
     case VolumeKindMac:
         setFinderFields(*header, record.mac.finder);

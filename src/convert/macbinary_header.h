@@ -3,6 +3,7 @@
 #define TIDEWELL_CONVERT_MACBINARY_HEADER_H
 
 #include "base/byte_order.h"
+#include "macfile/fork_paths.h"
 
 #include <windows.h>
 
@@ -78,12 +79,12 @@ constexpr unsigned MacBinarySwappedBytes() {
 }
 static_assert(MacBinarySwappedBytes() == 112);
 
-// Fills a header in host order from the Finder information at `finderInfoPath`, the name of `dataPath` (which
+// Fills a header in host order from the Finder information of the file with these paths, its name (which
 // serves as the Mac name where the volume keeps none) and the sizes of the open forks; `resourceFile` may be
 // INVALID_HANDLE_VALUE. Returns 1, or 0 with the last error: 87 for Finder information of no known kind, 223
 // for a fork longer than the header can tell, else the system's.
-BOOL BuildMacBinaryHeader(const char* dataPath, const char* finderInfoPath, HANDLE dataFile,
-                          HANDLE resourceFile, MacBinaryHeader* header);
+BOOL BuildMacBinaryHeader(const ForkPaths& paths, HANDLE dataFile, HANDLE resourceFile,
+                          MacBinaryHeader* header);
 
 // Writes the header with its CRC at the start of `file`, leaving the position after its 126 bytes. Returns 1,
 // or 0 with the last error, 39 for a short write. The header is in host order again in either case.

@@ -1,9 +1,6 @@
 #include "convert/restore_finder_info.h"
 
 #include "base/error_code.h"
-#include "macfile/finder_info.h"
-
-#include <cstring>
 
 namespace tidewell {
 
@@ -11,15 +8,6 @@ namespace {
 
 constexpr uint32_t kAfpSignature = 0x00504641;  // "AFP" and 0
 constexpr uint32_t kAfpVersion = 0x00010000;
-
-// A file on NTFS has no record until one is written.
-bool readOrBegin(const char* finderInfoPath, FinderInfoRecord& record) {
-    if (ReadFinderInfo(finderInfoPath, &record)) return true;
-    if (GetLastError() != ERROR_FILE_NOT_FOUND || record.kind != VolumeKindNtfs) return false;
-    std::memset(static_cast<void*>(&record), 0, sizeof record);
-    record.kind = VolumeKindNtfs;
-    return true;
-}
 
 void mergeFields(FinderFields& finder, const MacBinaryHeader& header) {
     const auto flags = static_cast<uint16_t>(header.flagsHigh << 8 | header.flagsLow);
@@ -33,11 +21,21 @@ void mergeFields(FinderFields& finder, const MacBinaryHeader& header) {
 
 }  // namespace
 
-BOOL WriteFinderInfoFromHeader(const char* finderInfoPath, const MacBinaryHeader& header) {
-    FinderInfoRecord record;
-    if (!readOrBegin(finderInfoPath, record)) return 0;
-    switch (record.kind) {
+ErrorCode ReadFinderInfoToKeep(const ForkPaths& paths, FinderInfoRecord& had) {
+    if (ReadFinderInfo(paths, &had)) return 0;
+    const ErrorCode error = lastErrorOr(ERROR_GEN_FAILURE);
+    const bool none = error == ERROR_FILE_NOT_FOUND && paths.kind == VolumeKindNtfs;
+    return none ? 0 : error;
+}
+
+BOOL WriteFinderInfoFromHeader(const ForkPaths& paths, const FinderInfoRecord& had,
+                               const MacBinaryHeader& header) {
+    FinderInfoRecord record = had;
+    switch (paths.kind) {
     case VolumeKindMac:
+        // The record is the driver's: it tells of the file as it is now.
+        if (!ReadFinderInfo(paths, &record)) return 0;
+        record.mac.finder = had.mac.finder;
         mergeFields(record.mac.finder, header);
         record.mac.attributes = header.protectedFlag;
         record.mac.attributesHigh = 0;
@@ -49,7 +47,7 @@ BOOL WriteFinderInfoFromHeader(const char* finderInfoPath, const MacBinaryHeader
         break;
     default: return failWith(ERROR_INVALID_PARAMETER);
     }
-    return WriteFinderInfo(finderInfoPath, &record);
+    return WriteFinderInfo(paths, &record);
 }
 
 }  // namespace tidewell

@@ -14,25 +14,24 @@ DWORD sizeOf(VolumeKind kind) {
 
 }  // namespace
 
-BOOL ReadFinderInfo(const char* finderInfoPath, FinderInfoRecord* record) {
+BOOL ReadFinderInfo(const ForkPaths& paths, FinderInfoRecord* record) {
     std::memset(static_cast<void*>(record), 0, sizeof *record);
-    record->kind = GetVolumeKindOfPath(finderInfoPath);
-    if (record->kind == VolumeKindOther) return failWith(ERROR_INVALID_PARAMETER);
+    record->kind = paths.kind;
+    if (paths.kind == VolumeKindOther) return failWith(ERROR_INVALID_PARAMETER);
     OwnedFile file;
-    ErrorCode error = OpenForReading(finderInfoPath, file);
-    if (error == 0) error = ReadWhole(file.get(), &record->mac, sizeOf(record->kind));
+    ErrorCode error = OpenForReading(paths.finderInfoPath, file);
+    if (error == 0) error = ReadWhole(file.get(), &record->mac, sizeOf(paths.kind));
     return error == 0 ? 1 : failWith(error);
 }
 
-BOOL WriteFinderInfo(const char* finderInfoPath, const FinderInfoRecord* record) {
-    const VolumeKind kind = GetVolumeKindOfPath(finderInfoPath);
-    if (kind == VolumeKindOther || kind != record->kind) return failWith(ERROR_INVALID_PARAMETER);
-    const DWORD disposition = kind == VolumeKindNtfs ? OPEN_ALWAYS : OPEN_EXISTING;
-    OwnedFile file(CreateFileA(finderInfoPath, GENERIC_WRITE, FILE_SHARE_READ, nullptr, disposition,
+BOOL WriteFinderInfo(const ForkPaths& paths, const FinderInfoRecord* record) {
+    if (paths.kind == VolumeKindOther || paths.kind != record->kind) return failWith(ERROR_INVALID_PARAMETER);
+    const DWORD disposition = paths.kind == VolumeKindNtfs ? OPEN_ALWAYS : OPEN_EXISTING;
+    OwnedFile file(CreateFileA(paths.finderInfoPath, GENERIC_WRITE, FILE_SHARE_READ, nullptr, disposition,
                                FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) return 0;
-    ErrorCode error = WriteWhole(file.get(), &record->mac, sizeOf(kind));
-    if (error == 0 && !FlushFileBuffers(file.get())) error = lastErrorOr(ERROR_GEN_FAILURE);
+    if (!file) return failWith(lastErrorOr(ERROR_ACCESS_DENIED));
+    ErrorCode error = WriteWhole(file.get(), &record->mac, sizeOf(paths.kind));
+    if (error == 0) error = FlushWritten(file.get());
     const ErrorCode closed = CloseWritten(file);
     if (error == 0) error = closed;
     return error == 0 ? 1 : failWith(error);

@@ -3,9 +3,7 @@
 #define TIDEWELL_MACFILE_FINDER_INFO_H
 
 #include "base/byte_order.h"
-#include "macfile/volume_kind.h"
-
-#include <windows.h>
+#include "macfile/fork_paths.h"
 
 namespace tidewell {
 
@@ -65,14 +63,14 @@ struct FinderInfoRecord {
     };
 };
 
-// Reads the record at `finderInfoPath`, which is zero-filled and has its kind set even on failure. Returns 1,
-// or 0 with the last error: 87 where the volume keeps none, 38 for a record cut short, else the file system's
-// (2 when the file has none).
-BOOL ReadFinderInfo(const char* finderInfoPath, FinderInfoRecord* record);
+// Reads the record of the file with these paths, which is zero-filled and has its kind set even on failure.
+// Returns 1, or 0 with the last error: 87 where the volume keeps none, 38 for a record cut short, else the
+// file system's (2 when the file has none).
+BOOL ReadFinderInfo(const ForkPaths& paths, FinderInfoRecord* record);
 
-// Writes the whole record back. Returns 1, or 0 with the last error: 87 when the path's volume is not of the
-// record's kind, 39 for a short write, else the file system's.
-BOOL WriteFinderInfo(const char* finderInfoPath, const FinderInfoRecord* record);
+// Writes the whole record back and has it put on the disk. Returns 1, or 0 with the last error: 87 when the
+// file's volume is not of the record's kind, 39 for a short write, else the file system's.
+BOOL WriteFinderInfo(const ForkPaths& paths, const FinderInfoRecord* record);
 
 }  // namespace tidewell
 

@@ -1,19 +1,35 @@
 #include "macfile/fork_paths.h"
 
 #include "base/text.h"
-#include "macfile/volume_kind.h"
+
+#include <cstring>
 
 namespace tidewell {
 
 namespace {
 
-DWORD joinPart(const char* dataPath, char* out, DWORD capacity, const char* pseudoFile, const char* stream) {
-    switch (GetVolumeKindOfPath(dataPath)) {
+DWORD joinPart(VolumeKind kind, const char* dataPath, char* out, DWORD capacity, const char* pseudoFile,
+               const char* stream) {
+    switch (kind) {
     case VolumeKindMac: return JoinPath(out, capacity, dataPath, pseudoFile);
     case VolumeKindNtfs: return JoinPath(out, capacity, dataPath, stream);
     case VolumeKindOther: break;
     }
     return 0;
+}
+
+DWORD joinResourceFork(VolumeKind kind, const char* dataPath, char* out, DWORD capacity) {
+    return joinPart(kind, dataPath, out, capacity, kResourceForkName, kResourceForkStream);
+}
+
+DWORD joinFinderInfo(VolumeKind kind, const char* dataPath, char* out, DWORD capacity) {
+    return joinPart(kind, dataPath, out, capacity, kFinderInfoName, kFinderInfoStream);
+}
+
+VolumeKind kindOf(const char* path) {
+    VolumeKind kind = VolumeKindOther;
+    TellVolumeKindOfPath(path, kind);
+    return kind;
 }
 
 // A part whose path was not written, because there is none or it does not fit, is not available.
@@ -35,29 +51,44 @@ bool isNamed(const char* name, const char* wanted) {
 }  // namespace
 
 DWORD GetResourceForkPath(const char* dataPath, char* out, DWORD capacity) {
-    return joinPart(dataPath, out, capacity, kResourceForkName, kResourceForkStream);
+    return joinResourceFork(kindOf(dataPath), dataPath, out, capacity);
 }
 
 DWORD GetFinderInfoPath(const char* dataPath, char* out, DWORD capacity) {
-    return joinPart(dataPath, out, capacity, kFinderInfoName, kFinderInfoStream);
+    return joinFinderInfo(kindOf(dataPath), dataPath, out, capacity);
+}
+
+ErrorCode SetForkPaths(VolumeKind kind, ForkPaths& paths) {
+    const DWORD resourceCapacity = paths.resourceLength;
+    const DWORD finderInfoCapacity = paths.finderInfoLength;
+    paths.kind = kind;
+    paths.dataLength = static_cast<DWORD>(std::strlen(paths.dataPath));
+    paths.resourceLength = joinResourceFork(kind, paths.dataPath, paths.resourcePath, resourceCapacity);
+    paths.finderInfoLength = joinFinderInfo(kind, paths.dataPath, paths.finderInfoPath, finderInfoCapacity);
+    settlePart(paths.resourcePath, paths.resourceLength, resourceCapacity);
+    settlePart(paths.finderInfoPath, paths.finderInfoLength, finderInfoCapacity);
+    const bool whole = paths.resourceLength != 0 && paths.finderInfoLength != 0;
+    return whole || kind == VolumeKindOther ? 0 : ERROR_FILENAME_EXCED_RANGE;
+}
+
+ErrorCode FindForkPaths(const char* path, ForkPaths& paths) {
+    const DWORD capacity = paths.dataLength;
+    paths.dataLength = GetShortPath(path, paths.dataPath, capacity);
+    ErrorCode error = paths.dataLength == 0 ? lastErrorOr(ERROR_FILE_NOT_FOUND) : 0;
+    // The length needed for a path that does not fit comes back with nothing written.
+    if (paths.dataLength >= capacity) {
+        paths.dataLength = 0;
+        error = ERROR_FILENAME_EXCED_RANGE;
+    }
+    settlePart(paths.dataPath, paths.dataLength, capacity);
+    VolumeKind kind = VolumeKindOther;
+    if (error == 0) error = TellVolumeKindOfPath(paths.dataPath, kind);
+    const ErrorCode set = SetForkPaths(kind, paths);
+    return error != 0 ? error : set;
 }
 
 void GetForkPaths(const char* path, ForkPaths& paths) {
-    const DWORD dataCapacity = paths.dataLength;
-    const DWORD resourceCapacity = paths.resourceLength;
-    const DWORD finderInfoCapacity = paths.finderInfoLength;
-    paths.dataLength = GetShortPath(path, paths.dataPath, dataCapacity);
-    // The length needed for a path that does not fit comes back with nothing written.
-    if (paths.dataLength >= dataCapacity) paths.dataLength = 0;
-    settlePart(paths.dataPath, paths.dataLength, dataCapacity);
-    paths.resourceLength = 0;
-    paths.finderInfoLength = 0;
-    if (paths.dataLength != 0) {
-        paths.resourceLength = GetResourceForkPath(paths.dataPath, paths.resourcePath, resourceCapacity);
-        paths.finderInfoLength = GetFinderInfoPath(paths.dataPath, paths.finderInfoPath, finderInfoCapacity);
-    }
-    settlePart(paths.resourcePath, paths.resourceLength, resourceCapacity);
-    settlePart(paths.finderInfoPath, paths.finderInfoLength, finderInfoCapacity);
+    FindForkPaths(path, paths);
 }
 
 bool IsForkPath(const char* path) {

@@ -2,7 +2,8 @@
 #ifndef TIDEWELL_MACFILE_FORK_PATHS_H
 #define TIDEWELL_MACFILE_FORK_PATHS_H
 
-#include "macfile/path.h"
+#include "base/path.h"
+#include "macfile/volume_kind.h"
 
 namespace tidewell {
 
@@ -16,12 +17,14 @@ struct ForkPaths {
     DWORD resourceLength;  // on return with the terminating NUL
     char* finderInfoPath;
     DWORD finderInfoLength;  // on return with the terminating NUL
+    VolumeKind kind;         // on return; VolumeKindOther, too, when it cannot be told
 };
 
 // ForkPaths over buffers of its own.
 struct ForkPathBuffers : ForkPaths {
     ForkPathBuffers() noexcept
-        : ForkPaths{data, sizeof data, resource, sizeof resource, finderInfo, sizeof finderInfo} {}
+        : ForkPaths{data,       sizeof data,       resource,       sizeof resource,
+                    finderInfo, sizeof finderInfo, VolumeKindOther} {}
     ForkPathBuffers(const ForkPathBuffers&) = delete;
     ForkPathBuffers& operator=(const ForkPathBuffers&) = delete;
 
@@ -34,6 +37,14 @@ struct ForkPathBuffers : ForkPaths {
 // The paths of an existing file, from its short path; or, when `path` is the dataPath buffer itself, from
 // the path as it stands.
 void GetForkPaths(const char* path, ForkPaths& paths);
+
+// GetForkPaths, which tells why a file has no short path or the kind of its volume cannot be told: the
+// system's error. 206 for a short path that does not fit.
+ErrorCode FindForkPaths(const char* path, ForkPaths& paths);
+
+// The paths of the file at paths.dataPath, which may not be there yet, on a volume whose kind is known. 206
+// when the volume keeps a part whose path does not fit.
+ErrorCode SetForkPaths(VolumeKind kind, ForkPaths& paths);
 
 // Return JoinPath's result, or 0 with nothing written where the volume keeps no such part.
 DWORD GetResourceForkPath(const char* dataPath, char* out, DWORD capacity);

@@ -2,9 +2,8 @@
 
 #include "base/owned.h"
 #include "macfile/driver.h"
-#include "macfile/path.h"
+#include "base/path.h"
 #include "macfile/usable_name.h"
-#include "macfile/volume_kind.h"
 
 #include <cstring>
 
@@ -22,16 +21,23 @@ void beginRequest(MacNameRequest& request, MacNameOperation operation, MacNameFo
     request.form = static_cast<uint8_t>(form);
 }
 
-// The driver takes a folder as a run of NUL-separated components.
-ErrorCode setFolder(MacNameRequest& request, const char* folder) {
+// A folder's path, UTF-16.
+struct FolderUnits {
     WCHAR units[kMacFolderUnits];
-    const int count = MultiByteToWideChar(CP_ACP, 0, folder, -1, units, kMacFolderUnits);
-    if (count == 0) return lastErrorOr(ERROR_INSUFFICIENT_BUFFER);
-    for (int i = 0; i < count; ++i) {
-        const auto unit = static_cast<uint16_t>(units[i]);
+    int count;  // with the NUL
+};
+
+ErrorCode convertFolder(const char* folder, FolderUnits& converted) {
+    converted.count = MultiByteToWideChar(CP_ACP, 0, folder, -1, converted.units, kMacFolderUnits);
+    return converted.count != 0 ? 0 : lastErrorOr(ERROR_INSUFFICIENT_BUFFER);
+}
+
+// The driver takes a folder as a run of NUL-separated components.
+void setFolder(MacNameRequest& request, const FolderUnits& folder) {
+    for (int i = 0; i < folder.count; ++i) {
+        const auto unit = static_cast<uint16_t>(folder.units[i]);
         request.folder[i] = unit == '\\' ? uint16_t{0} : unit;
     }
-    return 0;
 }
 
 // 123 when a name in the code page is not the one in Unicode: one of the system's best fits for characters
@@ -46,14 +52,22 @@ ErrorCode checkConverted(const char* name, const WCHAR* units) {
     return *unit == *units ? 0 : ERROR_INVALID_NAME;
 }
 
+constexpr size_t kReplyUnits = sizeof MacNameReply::name / sizeof MacNameReply::name[0];
+
+// The name of a driver's reply.
+struct ReplyName {
+    WCHAR units[kReplyUnits + 1] = {};  // a reply without its NUL ends all the same
+
+    explicit ReplyName(const MacNameReply& reply) {
+        for (size_t i = 0; i < kReplyUnits; ++i)
+            units[i] = static_cast<WCHAR>(static_cast<uint16_t>(reply.name[i]));
+    }
+};
+
 // The folder, a backslash where one is missing, and the name of the reply.
-ErrorCode buildPath(const char* folder, const MacNameReply& reply, char* outPath, DWORD capacity) {
-    constexpr size_t kReplyUnits = sizeof reply.name / sizeof reply.name[0];
+ErrorCode buildPath(const char* folder, const WCHAR* units, char* outPath, DWORD capacity) {
     const size_t length = std::strlen(folder);
     if (capacity < length + 1) return ERROR_INSUFFICIENT_BUFFER;
-    WCHAR units[kReplyUnits + 1] = {};  // a reply without its NUL ends all the same
-    for (size_t i = 0; i < kReplyUnits; ++i)
-        units[i] = static_cast<WCHAR>(static_cast<uint16_t>(reply.name[i]));
     // Joined with an empty name, the folder has its separator.
     const DWORD start = JoinPath(outPath, capacity, folder, "") - 1;
     if (start + 1 > capacity) return ERROR_INSUFFICIENT_BUFFER;
@@ -63,16 +77,34 @@ ErrorCode buildPath(const char* folder, const MacNameReply& reply, char* outPath
     return checkConverted(outPath + start, units);
 }
 
+// Takes away the file that the driver has just made under a name which no path of the code page can tell. On
+// Windows 95 and 98, which know no other paths, it stays.
+void deleteUnnamed(const FolderUnits& folder, const ReplyName& name) {
+    WCHAR path[kMacFolderUnits + kReplyUnits + 1];
+    std::memcpy(path, folder.units, sizeof folder.units);
+    WCHAR* end = path + folder.count - 1;
+    if (end == path || end[-1] != '\\') *end++ = '\\';
+    std::memcpy(end, name.units, sizeof name.units);
+    DeleteFileW(path);
+}
+
 ErrorCode askDriver(MacNameRequest& request, const char* folder, char* outPath, DWORD capacity) {
     OwnedFile device;
+    FolderUnits units;
     ErrorCode error = OpenMacDriver(device);
-    if (error == 0) error = setFolder(request, folder);
+    if (error == 0) error = convertFolder(folder, units);
     if (error != 0) return error;
+    setFolder(request, units);
     MacNameReply reply;
     std::memset(static_cast<void*>(&reply), 0, sizeof reply);
     error = SendDriverRequest(device.get(), IOCTL_MACVOL_MAC_NAME_TO_PATH, &request, sizeof request, &reply,
                               sizeof reply, nullptr);
-    return error != 0 ? error : buildPath(folder, reply, outPath, capacity);
+    if (error != 0) return error;
+    const ReplyName name(reply);
+    error = buildPath(folder, name.units, outPath, capacity);
+    const bool created = request.operation == static_cast<uint8_t>(MacNameOperation::create);
+    if (error != 0 && created) deleteUnnamed(units, name);
+    return error;
 }
 
 ErrorCode askDriverForMacName(MacNameOperation operation, const char* folder, const uint8_t* macName,
@@ -97,18 +129,18 @@ ErrorCode replacedPath(const char* folder, const uint8_t* macName, char* outPath
 
 }  // namespace
 
-ErrorCode LookUpMacName(const char* folder, const uint8_t* macName, uint32_t reserved, char* outPath,
-                        DWORD capacity) {
-    if (GetVolumeKind(folder) == VolumeKindMac)
+ErrorCode LookUpMacName(VolumeKind kind, const char* folder, const uint8_t* macName, uint32_t reserved,
+                        char* outPath, DWORD capacity) {
+    if (kind == VolumeKindMac)
         return askDriverForMacName(MacNameOperation::find, folder, macName, reserved, outPath, capacity);
     const ErrorCode error = replacedPath(folder, macName, outPath, capacity);
     if (error != 0) return error;
     return GetFileAttributesA(outPath) != INVALID_FILE_ATTRIBUTES ? 0 : lastErrorOr(ERROR_FILE_NOT_FOUND);
 }
 
-ErrorCode CreateMacNamedFile(const char* folder, const uint8_t* macName, uint32_t reserved, char* outPath,
-                             DWORD capacity) {
-    if (GetVolumeKind(folder) == VolumeKindMac)
+ErrorCode CreateMacNamedFile(VolumeKind kind, const char* folder, const uint8_t* macName, uint32_t reserved,
+                             char* outPath, DWORD capacity) {
+    if (kind == VolumeKindMac)
         return askDriverForMacName(MacNameOperation::create, folder, macName, reserved, outPath, capacity);
     const ErrorCode error = replacedPath(folder, macName, outPath, capacity);
     if (error != 0) return error;
@@ -117,9 +149,9 @@ ErrorCode CreateMacNamedFile(const char* folder, const uint8_t* macName, uint32_
     return file ? 0 : lastErrorOr(ERROR_ACCESS_DENIED);
 }
 
-ErrorCode LookUpUnicodeMacName(const char* folder, DWORD length, const uint16_t* name, char* outPath,
-                               DWORD capacity) {
-    if (GetVolumeKind(folder) != VolumeKindMac) return ERROR_INVALID_FUNCTION;
+ErrorCode LookUpUnicodeMacName(VolumeKind kind, const char* folder, DWORD length, const uint16_t* name,
+                               char* outPath, DWORD capacity) {
+    if (kind != VolumeKindMac) return ERROR_INVALID_FUNCTION;
     MacNameRequest request;
     beginRequest(request, MacNameOperation::find, MacNameForm::unicode);
     constexpr DWORD kLongest = sizeof request.unicode.characters / sizeof request.unicode.characters[0];
@@ -134,8 +166,10 @@ BOOL MacNameToWindowsName(const uint8_t* macName, char* out, DWORD capacity) {
     const DWORD length = macName[0];
     if (capacity < length + 1) return failWith(ERROR_MORE_DATA);
     for (DWORD i = 0; i < length; ++i) {
-        const char c = static_cast<char>(macName[1 + i]);
-        out[i] = c != '\0' && std::strchr(kForbidden, c) != nullptr ? kReplacement : c;
+        const uint8_t c = macName[1 + i];
+        // The terminating NUL of the forbidden ones is a control character, too.
+        const bool replaced = c < ' ' || std::strchr(kForbidden, c) != nullptr;
+        out[i] = replaced ? kReplacement : static_cast<char>(c);
     }
     out[length] = '\0';
     return 1;

@@ -10,16 +10,22 @@ bool DoubleByteCharacters = false;
 
 volatile LONG ModuleLockCount = 0;
 
-bool IsNtPlatform() {
+namespace {
+
+bool isNtPlatform() {
     OSVERSIONINFOA version = {};
     version.dwOSVersionInfoSize = sizeof version;
     return GetVersionExA(&version) && version.dwPlatformId == VER_PLATFORM_WIN32_NT;
 }
 
-void InitializeModuleState(HINSTANCE instance) {
+}  // namespace
+
+void InitializeModuleState(HINSTANCE instance, const SystemFacts& facts) {
     ModuleInstance = instance;
-    ResourceModule = instance;
-    RunningOnNt = IsNtPlatform();
+    ResourceModule = facts.localeLibrary ? facts.localeLibrary : instance;
+    RunningOnNt = isNtPlatform();
+    UserIsAdmin = RunningOnNt && facts.userIsAdmin;
+    DoubleByteCharacters = facts.doubleByteCharacters;
 }
 
 }  // namespace tidewell

@@ -17,12 +17,16 @@ extern bool DoubleByteCharacters;  // the system uses a double-byte character se
 // only by InterlockedIncrement and InterlockedDecrement, from any thread.
 extern volatile LONG ModuleLockCount;
 
-// Whether the system says that it is of the Windows NT platform.
-bool IsNtPlatform();
+// What only Windows itself can tell, where a program needs it.
+struct SystemFacts {
+    HINSTANCE localeLibrary = nullptr;  // its resources are used instead of the instance's own
+    bool userIsAdmin = false;
+    bool doubleByteCharacters = false;
+};
 
-// For programs that have the library's code in them instead of loading it. Called once, before anything else
-// of the library. The resources are those of `instance`, whatever the registry says.
-void InitializeModuleState(HINSTANCE instance);
+// Fixes the facts above. Called once, before anything else of the library: by the library when it is loaded,
+// and by programs that have its code in them, which find no use for more than their own resources.
+void InitializeModuleState(HINSTANCE instance, const SystemFacts& facts = {});
 
 }  // namespace tidewell
 

@@ -1,5 +1,4 @@
-// The question before an existing file is replaced: a dialog in the library, a line on the terminal in the
-// command.
+// The question before an existing file is replaced.
 #ifndef TIDEWELL_UI_CONFIRM_REPLACE_H
 #define TIDEWELL_UI_CONFIRM_REPLACE_H
 
@@ -9,9 +8,13 @@
 
 namespace tidewell {
 
-// IDYES, IDNO, IDCANCEL or IDYESTOALL; IDYES at once, without a question, when there is no such file;
-// -1 when the question cannot be asked. `several`: more files follow, so an answer for all of them is
-// offered.
+// IDYES, IDNO, IDCANCEL or IDYESTOALL; -1, with the last error where there is one, when the question cannot
+// be asked. `several`: more files follow, so an answer for all of them is offered.
+//
+// IDYES comes at once, without a question, when nothing at `path` could be lost: the system's error of
+// looking at it says that there is no such file, folder, drive, server, share, disk or network, or no such
+// path (MeansNothingThere). A file that cannot be looked at for another reason (23, 5, 32 ...) may be there,
+// and is asked about.
 int ConfirmFileReplace(HWND owner, const char* path, BOOL several);
 
 }  // namespace tidewell

@@ -2,11 +2,15 @@
 
 #include "base/error_code.h"
 #include "ui/progress_arithmetic.h"
-#include "ui/progress_display.h"
+#include "ui/user.h"
 
 namespace tidewell {
 
 namespace {
+
+const ProgressDisplay& display() {
+    return *CurrentUser().progress;
+}
 
 // Turns the starting moment into the elapsed time, and that back into a starting moment.
 void turnClock(ProgressDialog& progress) {
@@ -16,14 +20,14 @@ void turnClock(ProgressDialog& progress) {
 void setTotal(ProgressDialog& progress, uint64_t total) {
     progress.total = total;
     progress.shift = ProgressShift(total);
-    progress_display::setRange(progress, static_cast<uint16_t>(total >> progress.shift));
+    display().setRange(progress, static_cast<uint16_t>(total >> progress.shift));
 }
 
 void setDone(ProgressDialog& progress, uint64_t done) {
     progress.done = done;
     if (done > progress.total) setTotal(progress, done);
-    progress_display::setPosition(progress, static_cast<uint16_t>(done >> progress.shift));
-    progress_display::serve(progress);
+    display().setPosition(progress, static_cast<uint16_t>(done >> progress.shift));
+    display().serve(progress);
 }
 
 }  // namespace
@@ -44,7 +48,7 @@ ProgressDialog* ProgressCreate(HINSTANCE instance, const char* title, HWND owner
         progress->pauses = 1;
     else
         progress->clock = SystemTime100ns();
-    if (!progress_display::create(*progress, title, owner)) {
+    if (!display().create(*progress, title, owner)) {
         const ErrorCode error = GetLastError();
         HeapFree(GetProcessHeap(), 0, progress);
         SetLastError(error);
@@ -55,24 +59,24 @@ ProgressDialog* ProgressCreate(HINSTANCE instance, const char* title, HWND owner
 
 void ProgressDestroy(ProgressDialog* progress) {
     if (!progress) return;
-    progress_display::destroy(*progress);
+    display().destroy(*progress);
     HeapFree(GetProcessHeap(), 0, progress);
 }
 
 LRESULT ProgressSetIcon(ProgressDialog* progress, HICON icon) {
     if (!progress || !icon) return failWith(ERROR_INVALID_PARAMETER);
-    return progress_display::setIcon(*progress, icon);
+    return display().setIcon(*progress, icon);
 }
 
 BOOL ProgressSetText(ProgressDialog* progress, const char* line1, const char* line2) {
     if (!progress) return failWith(ERROR_INVALID_PARAMETER);
-    progress_display::setText(*progress, line1, line2);
+    display().setText(*progress, line1, line2);
     return 1;
 }
 
 BOOL ProgressPump(ProgressDialog* progress) {
     if (!progress) return 1;
-    progress_display::serve(*progress);
+    display().serve(*progress);
     return progress->cancelled == 0;
 }
 
@@ -108,7 +112,7 @@ BOOL ProgressPause(ProgressDialog* progress) {
     if (!progress) return failWith(ERROR_INVALID_PARAMETER);
     if (++progress->pauses == 1) {
         turnClock(*progress);
-        progress_display::showNow(*progress);
+        display().showNow(*progress);
     }
     return 1;
 }
@@ -117,7 +121,7 @@ BOOL ProgressResume(ProgressDialog* progress) {
     if (!progress || progress->pauses == 0) return failWith(ERROR_INVALID_PARAMETER);
     if (--progress->pauses == 0) {
         turnClock(*progress);
-        progress_display::serve(*progress);
+        display().serve(*progress);
     }
     return 1;
 }

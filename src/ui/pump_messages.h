@@ -10,9 +10,6 @@ namespace tidewell {
 // thread; its keys work. A request to quit stays for the loop that runs the thread.
 void PumpMessages(HWND dialog);
 
-// The same for the messages of one window and of what is in it.
-void PumpMessagesOf(HWND window, HWND dialog);
-
 }  // namespace tidewell
 
 #endif

@@ -4,8 +4,6 @@
 
 #include <windows.h>
 
-#define TIDEWELL_SETTINGS_KEY "Software\\Brinefield Software\\Tidewell\\CurrentVersion"
-
 namespace tidewell {
 
 // Reads a value, whatever its type, into `buffer` of `size` bytes. 1, or 0 with the registry's result as the

@@ -56,7 +56,7 @@ TEST_CASE("What cannot be packed, and where nothing can be put") {
         {"M:\\" + std::string(300, 'a'), kOutput, ERROR_INVALID_PARAMETER},
         {"M:\\folder", kOutput, ERROR_ACCESS_DENIED},
         {"M:\\file", "F:\\no folder\\out.bin", ERROR_PATH_NOT_FOUND},
-        {"M:\\file", "\\\\.\\PhysicalDrive0", ERROR_FILE_NOT_FOUND},
+        {"M:\\file", "\\\\.\\PhysicalDrive0", ERROR_INVALID_NAME},
         {"M:\\file", "F:\\" + std::string(300, 'a'), ERROR_FILENAME_EXCED_RANGE},
         {"M:\\file", kOutput, ERROR_DISK_FULL},
     };
@@ -94,16 +94,14 @@ TEST_CASE("A source never becomes its own output") {
 TEST_CASE("A fork of 4 GB or more is refused rather than cut") {
     TestPc pc;
     writeMacFile("M:\\file", {});
-    ForkPathBuffers paths;
-    GetForkPaths("M:\\file", paths);
+    const ForkPathsOf paths("M:\\file");
     for (const uint64_t size : {uint64_t{0xFFFFFFFF}, uint64_t{0x100000000}}) {
         std::filesystem::resize_file(pc.hostFolder('M') + "/file", size);  // a hole, not bytes
         const HANDLE large =
             CreateFileA("M:\\file", GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
         MacBinaryHeader header;
         const bool fits = size <= 0xFFFFFFFF;
-        CHECK(BuildMacBinaryHeader(paths.dataPath, paths.finderInfoPath, large, INVALID_HANDLE_VALUE,
-                                   &header) == (fits ? TRUE : FALSE));
+        CHECK(BuildMacBinaryHeader(paths, large, INVALID_HANDLE_VALUE, &header) == (fits ? TRUE : FALSE));
         CHECK((fits ? header.dataLength == size : GetLastError() == ERROR_FILE_TOO_LARGE));
         CloseHandle(large);
     }

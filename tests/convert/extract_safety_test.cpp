@@ -1,6 +1,7 @@
 // What an extraction must not reach, whatever a file asks for.
 #include "support/archive_writer.h"
 #include "support/extraction_case.h"
+#include "support/scripted_user.h"
 
 #include <doctest/doctest.h>
 
@@ -53,6 +54,10 @@ TEST_CASE("Names that Windows takes for something else") {
         {"Dr.", "Dr"},
         {"Read Me . ", "Read Me"},
         {"..", "__"},
+        {"Icon\r", "Icon_"},
+        {"\x01"
+         "a\x1F\x7F",
+         "_a_\x7F"},
         {" ", "_"},
         {"{4DD19184-ace2-11CF-BBF2-444553540000}", "_4DD19184-ace2-11CF-BBF2-444553540000}"},
         {"{4DD19183-ACE2-11CF-BBF2-444553540000}. ", "_4DD19183-ACE2-11CF-BBF2-444553540000}"},
@@ -74,22 +79,16 @@ TEST_CASE("A name that ends in half a character takes nothing of what follows it
     CHECK(readMacFile("N:\\Resum_").resource == kFile.resource);
 }
 
-TEST_CASE("A path too long for the forks that a volume keeps is an error, and leaves nothing") {
-    TestPc pc;
-    pc.setPathLimit(kPathCapacity);
-    const std::string deep(200, 'd');
-    pc.folder().makeFolder("M/" + deep);
-    pc.folder().makeFolder("M/" + deep + "/" + std::string(40, 'e'));
-    const std::string folder = "M:\\" + deep + "\\" + std::string(40, 'e') + "\\";
-    const std::string longest(MAX_PATH - 1 - folder.size(), 'n');
-    writeFile("F:\\in.bin", withName(".bin", longest));
-    DWORD flags = 0;
-    CHECK(ExtractOriginalMacFile(nullptr, "F:\\in.bin", folder.c_str(), &flags, nullptr) == 0);
-    CHECK(readMacFile(folder + longest).resource == kFile.resource);
-    writeFile("F:\\in.bin", withName(".bin", longest + "n"));
-    CHECK(ExtractOriginalMacFile(nullptr, "F:\\in.bin", folder.c_str(), &flags, nullptr) ==
-          ERROR_FILENAME_EXCED_RANGE);
-    CHECK(!exists(folder + longest + "n"));
+TEST_CASE("A name that begins with NUL is none, and nobody is asked") {
+    for (const char drive : {'F', 'N', 'M'}) {
+        for (const char* const extension : {".bin", ".hqx"}) {
+            TestPc pc;
+            CHECK(extractBytes(withName(extension, std::string("\0name", 5)), extension, drive) ==
+                  ERROR_INVALID_DATA);
+            CHECK(pc.journal().count("DeviceIoControl") == 0);
+            CHECK(scriptedUser.asked == 0);
+        }
+    }
 }
 
 TEST_CASE("A caller without the arguments gets 87") {

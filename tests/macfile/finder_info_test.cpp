@@ -1,6 +1,5 @@
 #include "macfile/finder_info.h"
 
-#include "base/error_code.h"
 #include "support/test_pc.h"
 
 #include <doctest/doctest.h>
@@ -12,20 +11,23 @@ TEST_CASE("Finder information is read and written back whole") {
     const MacFile file = {.data = patternOf(300), .resource = patternOf(77)};
     FinderInfoRecord record;
     writeMacFile("M:\\file", file);
-    REQUIRE(ReadFinderInfo("M:\\file\\{4DD19184-ACE2-11CF-BBF2-444553540000}", &record));
+    const ForkPathsOf mac("M:\\file");
+    REQUIRE(ReadFinderInfo(mac, &record));
     CHECK(record.kind == VolumeKindMac);
     CHECK(record.mac.dataForkLength == 300);
     CHECK(record.mac.resourceForkLength == 77);
-    REQUIRE(WriteFinderInfo("M:\\file\\{4DD19184-ACE2-11CF-BBF2-444553540000}", &record));
+    REQUIRE(WriteFinderInfo(mac, &record));
     CHECK(readMacFile("M:\\file") == file);
 
     // What this system does not know is kept.
     const Bytes foreign = patternOf(60);
     writeFile("N:\\file:AFP_AfpInfo", foreign);
-    REQUIRE(ReadFinderInfo("N:\\file:AFP_AfpInfo", &record));
+    writeFile("N:\\new", {});
+    const ForkPathsOf ntfs("N:\\file");
+    REQUIRE(ReadFinderInfo(ntfs, &record));
     CHECK(record.kind == VolumeKindNtfs);
-    REQUIRE(WriteFinderInfo("N:\\file:AFP_AfpInfo", &record));
-    REQUIRE(WriteFinderInfo("N:\\new:AFP_AfpInfo", &record));
+    REQUIRE(WriteFinderInfo(ntfs, &record));
+    REQUIRE(WriteFinderInfo(ForkPathsOf("N:\\new"), &record));
     CHECK(readFile("N:\\file:AFP_AfpInfo") == foreign);
     CHECK(readFile("N:\\new:AFP_AfpInfo") == foreign);
     CHECK(pc.nothingHeld());
@@ -33,25 +35,46 @@ TEST_CASE("Finder information is read and written back whole") {
 
 TEST_CASE("Finder information that cannot be had is told") {
     TestPc pc;
-    writeFile("N:\\file", {});
     writeFile("N:\\short:AFP_AfpInfo", patternOf(59));
+    for (const char* file : {"N:\\file", "M:\\gone", "F:\\file"})
+        writeFile(file, {});
     const struct {
         const char* path;
         ErrorCode readError;
     } rows[] = {
-        {"M:\\missing\\{4DD19184-ACE2-11CF-BBF2-444553540000}", ERROR_FILE_NOT_FOUND},
-        {"N:\\file:AFP_AfpInfo", ERROR_FILE_NOT_FOUND},
-        {"N:\\short:AFP_AfpInfo", ERROR_HANDLE_EOF},
+        {"M:\\gone", ERROR_FILE_NOT_FOUND},
+        {"N:\\file", ERROR_FILE_NOT_FOUND},
+        {"N:\\short", ERROR_HANDLE_EOF},
         {"F:\\file", ERROR_INVALID_PARAMETER},
     };
     for (const auto& row : rows) {
         CAPTURE(row.path);
+        const ForkPathsOf paths(row.path);
+        if (row.path[0] == 'M') DeleteFileA(row.path);
         FinderInfoRecord record;
-        CHECK(!ReadFinderInfo(row.path, &record));
+        CHECK(!ReadFinderInfo(paths, &record));
         CHECK(GetLastError() == row.readError);
         record.kind = row.path[0] == 'N' ? VolumeKindMac : VolumeKindNtfs;  // another volume's
-        CHECK(!WriteFinderInfo(row.path, &record));
+        CHECK(!WriteFinderInfo(paths, &record));
         CHECK(GetLastError() == ERROR_INVALID_PARAMETER);
     }
+    CHECK(!exists("N:\\file:AFP_AfpInfo"));
     CHECK(pc.nothingHeld());
+}
+
+TEST_CASE("A driver that knows no flush has kept what was written; any other error of it is told") {
+    for (const char* path : {"M:\\file", "N:\\file"}) {
+        for (const ErrorCode error : {ERROR_INVALID_FUNCTION, ERROR_NOT_SUPPORTED, ERROR_IO_DEVICE}) {
+            TestPc pc;
+            writeMacFile(path, {});
+            const ForkPathsOf paths(path);
+            FinderInfoRecord record;
+            REQUIRE(ReadFinderInfo(paths, &record));
+            pc.faults().failAlways("FlushFileBuffers", paths.finderInfoPath, error);
+            CHECK(WriteFinderInfo(paths, &record) == (error != ERROR_IO_DEVICE));
+            if (error == ERROR_IO_DEVICE) CHECK(GetLastError() == error);
+            CHECK(pc.faults().hit());
+            CHECK(pc.nothingHeld());
+        }
+    }
 }

@@ -6,6 +6,7 @@
 #include <doctest/doctest.h>
 
 #include <cstring>
+#include <functional>
 
 using namespace tidewell;
 
@@ -17,12 +18,14 @@ class Recorder final : public pc::Device {
     Bytes request;
     // The reply's name, UTF-16.
     std::u16string name = u"Shown";
+    std::function<void()> creating = [] {};
 
     pc::Error control(uint32_t code, std::span<const uint8_t> input, std::span<uint8_t> output,
                       size_t& returned) override {
         CHECK(code == 0x00222033);
         CHECK(output.size() == 513);
         request.assign(input.begin(), input.end());
+        if (request[512] == 0) creating();
         std::memcpy(&output[1], name.data(), 2 * name.size());
         returned = output.size();
         return 0;
@@ -136,6 +139,20 @@ TEST_CASE_FIXTURE(RecordingPc, "Names on Mac volumes: what does not fit is told"
               (last == 125 ? 0 : ERROR_INSUFFICIENT_BUFFER));
     }
     CHECK(nothingHeld());
+}
+
+TEST_CASE_FIXTURE(RecordingPc, "A file that the driver made, but no path can name, does not stay") {
+    const std::string work = "M:\\Work\\Sub";
+    driver->creating = [this] { folder().write("M/Work/Sub/\u221E", ""); };
+    driver->name = u"\u221E";
+    CHECK(ask(CreateMacNamedFile, work, "a").error == ERROR_INVALID_NAME);
+    CHECK(folder().names("M/Work/Sub").empty());
+    CHECK(ask(CreateMacNamedFile, work, "a", work.size() + 1).error == ERROR_INSUFFICIENT_BUFFER);
+    CHECK(folder().names("M/Work/Sub").empty());
+    // One that was there already does.
+    driver->creating();
+    CHECK(ask(LookUpMacName, work, "a").error == ERROR_INVALID_NAME);
+    CHECK(folder().names("M/Work/Sub").size() == 1);
 }
 
 TEST_CASE("Names on Mac volumes are in the PC's code page, and need the driver") {

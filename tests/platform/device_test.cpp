@@ -13,8 +13,9 @@ TEST_CASE("No device but the PC's own is reached") {
     };
     CHECK(open("\\\\.\\TIDEWELL") == 0);
     CHECK(open("\\\\.\\tidewell") == 0);
-    for (const char* path : {"\\\\.\\PhysicalDrive0", "\\\\.\\A:", "\\\\?\\TIDEWELL", "//./TIDEWELL",
-                             "\\\\.\\", "\\\\.\\TIDEWELL\\x", "\\\\.\\GLOBALROOT\\Device\\Harddisk0"})
+    CHECK(open("//./TIDEWELL") == 0);
+    for (const char* path : {"\\\\.\\PhysicalDrive0", "\\\\.\\A:", "\\\\?\\TIDEWELL", "//./A:", "\\\\.\\",
+                             "\\\\.\\TIDEWELL\\x", "\\\\.\\GLOBALROOT\\Device\\Harddisk0"})
         CHECK_MESSAGE(open(path) == ERROR_FILE_NOT_FOUND, path);
     CHECK(pc.nothingHeld());
 }

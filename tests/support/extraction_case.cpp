@@ -2,15 +2,18 @@
 
 #include <doctest/doctest.h>
 
-tidewell::ErrorCode extractBytes(const Bytes& source, const char* extension, char drive) {
+tidewell::ErrorCode extractBytes(const Bytes& source, const char* extension, const std::string& folder) {
     const std::string path = std::string("F:\\in") + extension;
-    const std::string folder = std::string(1, drive) + ":\\";
     writeFile(path, source);
     DWORD flags = 0;
     const tidewell::ErrorCode error =
         ExtractOriginalMacFile(nullptr, path.c_str(), folder.c_str(), &flags, nullptr);
     CHECK(readFile(path) == source);
     return error;
+}
+
+tidewell::ErrorCode extractBytes(const Bytes& source, const char* extension, char drive) {
+    return extractBytes(source, extension, drive + std::string(":\\"));
 }
 
 Bytes cutTo(const Bytes& whole, size_t size) {

@@ -7,7 +7,8 @@
 
 #include <string>
 
-// Extracts `source`, written as F:\in.bin or F:\in.hqx, into the root of the drive.
+// Extracts `source`, written as F:\in.bin or F:\in.hqx, into a folder, or into the root of a drive.
+tidewell::ErrorCode extractBytes(const Bytes& source, const char* extension, const std::string& folder);
 tidewell::ErrorCode extractBytes(const Bytes& source, const char* extension, char drive);
 
 // `whole` as far as its first `size` bytes.

@@ -2,6 +2,16 @@
 
 #include <algorithm>
 
+namespace {
+
+tidewell::VolumeKind kindOf(const std::string& folder) {
+    tidewell::VolumeKind kind = tidewell::VolumeKindOther;
+    tidewell::TellVolumeKindOfFolder(folder.c_str(), kind);
+    return kind;
+}
+
+}  // namespace
+
 MacNameBytes::MacNameBytes(const std::string& name) {
     bytes[0] = static_cast<uint8_t>(name.size());
     std::copy(name.begin(), name.end(), bytes + 1);
@@ -10,8 +20,8 @@ MacNameBytes::MacNameBytes(const std::string& name) {
 Answer ask(MacNameOperation* operation, const std::string& folder, const std::string& macName,
            size_t capacity) {
     char path[520] = "";
-    const tidewell::ErrorCode error =
-        operation(folder.c_str(), MacNameBytes(macName), 0, path, static_cast<DWORD>(capacity));
+    const tidewell::ErrorCode error = operation(kindOf(folder), folder.c_str(), MacNameBytes(macName), 0,
+                                                path, static_cast<DWORD>(capacity));
     return {error, error == 0 ? path : ""};
 }
 
@@ -20,6 +30,6 @@ Answer askUnicode(const std::string& folder, std::u16string_view name) {
     std::copy(name.begin(), name.end(), units);
     char path[520] = "";
     const tidewell::ErrorCode error = tidewell::LookUpUnicodeMacName(
-        folder.c_str(), static_cast<DWORD>(name.size()), units, path, sizeof path);
+        kindOf(folder), folder.c_str(), static_cast<DWORD>(name.size()), units, path, sizeof path);
     return {error, error == 0 ? path : ""};
 }

@@ -1,33 +1,26 @@
 #include "support/scripted_user.h"
 
 #include "base/file.h"
-#include "ui/confirm_replace.h"
-#include "ui/progress_display.h"
 
 ScriptedUser scriptedUser;
 
-namespace tidewell {
+namespace {
 
-int ConfirmFileReplace(HWND, const char* filePath, BOOL moreFollow) {
-    if (!MayExist(filePath)) return IDYES;
-    ++scriptedUser.asked;
-    scriptedUser.several = moreFollow != FALSE;
-    return scriptedUser.answer;
-}
+using tidewell::ProgressDialog;
 
-namespace progress_display {
-
-BOOL create(ProgressDialog&, const char*, HWND) {
+BOOL create(ProgressDialog& progress, const char*, HWND) {
     if (scriptedUser.createError != 0) {
         SetLastError(scriptedUser.createError);
         return FALSE;
     }
     ++scriptedUser.created;
+    scriptedUser.progress = &progress;
     return TRUE;
 }
 
 void destroy(ProgressDialog&) {
     ++scriptedUser.destroyed;
+    scriptedUser.progress = nullptr;
 }
 
 LRESULT setIcon(ProgressDialog&, HICON icon) {
@@ -51,8 +44,26 @@ void showNow(ProgressDialog&) {
 }
 
 void serve(ProgressDialog& progress) {
+    scriptedUser.done.push_back(progress.done);
+    scriptedUser.onServe();
     if (++scriptedUser.serves == scriptedUser.cancelAtServe) progress.cancelled = 1;
 }
 
-}  // namespace progress_display
-}  // namespace tidewell
+constexpr tidewell::ProgressDisplay kDisplay = {create,   destroy,     setIcon, setText,
+                                                setRange, setPosition, showNow, serve};
+
+int confirmReplace(HWND, const char* filePath, BOOL moreFollow) {
+    if (!tidewell::MayExist(filePath)) return IDYES;
+    ++scriptedUser.asked;
+    scriptedUser.several = moreFollow != FALSE;
+    if (scriptedUser.progress != nullptr) scriptedUser.pausesAtQuestion = scriptedUser.progress->pauses;
+    return scriptedUser.answer;
+}
+
+void pumpMessages(HWND) {
+    ++scriptedUser.pumps;
+}
+
+}  // namespace
+
+const tidewell::User kScriptedUser = {&kDisplay, confirmReplace, pumpMessages};

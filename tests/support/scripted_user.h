@@ -1,11 +1,14 @@
-// What the user sees and answers in tests without windows: the display of a ProgressDialog and the replace
-// question, told beforehand what to do. A TestPc begins a new script.
+// A user who does what a test has told beforehand, and remembers what was shown. A TestPc begins a new
+// script.
 #ifndef TIDEWELL_TESTS_SUPPORT_SCRIPTED_USER_H
 #define TIDEWELL_TESTS_SUPPORT_SCRIPTED_USER_H
+
+#include "support/user_in_charge.h"
 
 #include <windows.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,19 +17,25 @@ struct ScriptedUser {
     int answer = IDYES;     // to every replace question
     int cancelAtServe = 0;  // the n-th time that the display is served
     DWORD createError = 0;  // the display cannot be made
+    std::function<void()> onServe = [] {};
 
     // The record.
     int asked = 0;
-    bool several = false;  // files follow, said the last question
+    bool several = false;           // files follow, said the last question
+    uint32_t pausesAtQuestion = 0;  // of the progress that was shown during the last question
     std::string line1;
     std::vector<uint16_t> ranges;
     std::vector<uint16_t> positions;
     int shows = 0;
     int serves = 0;
+    std::vector<uint64_t> done;  // at each serve
+    int pumps = 0;
     int created = 0;
     int destroyed = 0;
+    const tidewell::ProgressDialog* progress = nullptr;  // the one that is shown
 };
 
 extern ScriptedUser scriptedUser;
+extern const tidewell::User kScriptedUser;
 
 #endif

@@ -3,13 +3,17 @@
 #define TIDEWELL_TESTS_SUPPORT_TEST_MODULE_H
 
 #include "module/module_state.h"
+#include "support/user_in_charge.h"
+#include "ui/user_windows.h"
 
 #include <map>
 #include <string>
 
-// The module state of the program that has the library's code and resources in it.
+// The library in the program that has its code and resources in it, as in a process that has loaded it: with
+// its module state, and windows for the user.
 struct ModuleState {
     ModuleState() { tidewell::InitializeModuleState(GetModuleHandleA(nullptr)); }
+    const UserInCharge user{&tidewell::WindowsUser};
 };
 
 // The path of a file that is beside the program.

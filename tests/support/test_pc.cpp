@@ -1,7 +1,6 @@
 #include "support/test_pc.h"
 
 #include "macfile/finder_info.h"
-#include "macfile/fork_paths.h"
 #include "module/module_state.h"
 #include "pc/mac_volume_driver.h"
 #include "support/scripted_user.h"
@@ -83,29 +82,27 @@ void writeFile(const std::string& path, const Bytes& bytes) {
 
 void writeMacFile(const std::string& path, const MacFile& file) {
     writeFile(path, file.data);
-    tidewell::ForkPathBuffers paths;
-    tidewell::GetForkPaths(path.c_str(), paths);
+    const ForkPathsOf paths(path);
     need(paths.finderInfoLength != 0, path);
     if (file.hasResource) writeFile(paths.resourcePath, file.resource);
 
     tidewell::FinderInfoRecord record;
-    if (!tidewell::ReadFinderInfo(paths.finderInfoPath, &record)) {
+    if (!tidewell::ReadFinderInfo(paths, &record)) {
         std::memset(static_cast<void*>(&record), 0, sizeof record);
         record.kind = tidewell::VolumeKindNtfs;
     }
     fieldsOf(finderOf(record)) = fieldsOf(file);
     if (record.kind == tidewell::VolumeKindMac) record.mac.attributes = file.attributes;
-    need(tidewell::WriteFinderInfo(paths.finderInfoPath, &record), path);
+    need(tidewell::WriteFinderInfo(paths, &record), path);
 }
 
 MacFile readMacFile(const std::string& path) {
     MacFile file = keptOn('F', {.data = readFile(path)});
-    tidewell::ForkPathBuffers paths;
-    tidewell::GetForkPaths(path.c_str(), paths);
+    const ForkPathsOf paths(path);
     file.hasResource = paths.resourceLength != 0 && exists(paths.resourcePath);
     if (file.hasResource) file.resource = readFile(paths.resourcePath);
     tidewell::FinderInfoRecord record;
-    if (paths.finderInfoLength == 0 || !tidewell::ReadFinderInfo(paths.finderInfoPath, &record)) return file;
+    if (paths.finderInfoLength == 0 || !tidewell::ReadFinderInfo(paths, &record)) return file;
     fieldsOf(file) = fieldsOf(finderOf(record));
     if (record.kind == tidewell::VolumeKindMac) file.attributes = record.mac.attributes;
     return file;

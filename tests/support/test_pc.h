@@ -2,7 +2,9 @@
 #ifndef TIDEWELL_TESTS_SUPPORT_TEST_PC_H
 #define TIDEWELL_TESTS_SUPPORT_TEST_PC_H
 
+#include "macfile/fork_paths.h"
 #include "pc/pc.h"
+#include "support/scripted_user.h"
 #include "support/temp_folder.h"
 
 #include <windows.h>
@@ -21,6 +23,7 @@ class TestPc : public pc::Pc {
 
   private:
     TempFolder folder_;
+    const UserInCharge user_{&kScriptedUser};
 };
 
 using Bytes = std::vector<uint8_t>;
@@ -33,6 +36,11 @@ Bytes bytesOf(const std::string& text);
 bool exists(const std::string& path);
 Bytes readFile(const std::string& path);
 void writeFile(const std::string& path, const Bytes& bytes);
+
+// The paths of an existing file.
+struct ForkPathsOf : tidewell::ForkPathBuffers {
+    explicit ForkPathsOf(const std::string& path) { tidewell::GetForkPaths(path.c_str(), *this); }
+};
 
 // What makes a Mac file.
 struct MacFile {

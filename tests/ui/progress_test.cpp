@@ -51,6 +51,7 @@ class Progress {
 
   private:
     pc::Pc pc_;
+    const UserInCharge user_{&kScriptedUser};
     ProgressDialog* dialog_;
 };
 
@@ -91,6 +92,7 @@ TEST_CASE("Progress that is not there harms nothing, and null arguments change n
 
 TEST_CASE("A progress that cannot be made is null with the reason") {
     pc::Pc pc;
+    const UserInCharge user(&kScriptedUser);
     const auto create = [](const char* title) {
         return ProgressCreate(GetModuleHandleA(nullptr), title, nullptr, FALSE) != nullptr;
     };

@@ -1,5 +1,5 @@
 // Another language: the example library, named in the registry.
-#include "module/attach.h"
+#include "module/system_facts.h"
 
 #include "messages.h"
 #include "res/resource.h"
@@ -24,9 +24,10 @@ struct NamedLibrary {
     HMODULE self = GetModuleHandleA(nullptr);
     ~NamedLibrary() { const ModuleState own; }
 
+    void attach() const { InitializeModuleState(self, FindSystemFacts()); }
     void attach(const std::string& path) const {
         value.set(REG_SZ, path + '\0');
-        AttachModule(self);
+        attach();
     }
 };
 
@@ -63,7 +64,7 @@ BOOL CALLBACK checkTranslated(HMODULE, LPCSTR type, LPSTR name, LONG_PTR german)
 // First: a library of texts stays loaded.
 TEST_CASE_FIXTURE(NamedLibrary,
                   "A library of texts that is not there leaves the library's own texts in use") {
-    AttachModule(self);
+    attach();
     CHECK(ResourceModule == self);
     for (const std::string& path : {besideProgram("MISSING.DLL"), std::string(), std::string(600, 'x')}) {
         CAPTURE(path);

@@ -1,5 +1,5 @@
 // What the library knows once it is loaded, and what it answers when it is to go.
-#include "module/attach.h"
+#include "module/system_facts.h"
 
 #include "module/administrator.h"
 #include "module/unload.h"
@@ -31,7 +31,7 @@ DWORD WINAPI runShell(void* ready) {
 
 TEST_CASE("Loading finds out about the module, the system and the user") {
     HMODULE const instance = GetModuleHandleA(nullptr);
-    AttachModule(instance);
+    InitializeModuleState(instance, FindSystemFacts());
     CHECK(ModuleInstance == instance);
     CHECK(ResourceModule == instance);
     OSVERSIONINFOA version = {};

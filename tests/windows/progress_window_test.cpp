@@ -3,6 +3,7 @@
 
 #include "res/resource.h"
 #include "support/modal_windows.h"
+#include "support/test_module_windows.h"
 #include "ui/progress_arithmetic.h"
 
 #include <doctest/doctest.h>
@@ -55,7 +56,7 @@ HICON packIcon() {
 
 }  // namespace
 
-TEST_CASE("The window shows after a second, and the time remaining after two") {
+TEST_CASE_FIXTURE(ModuleState, "The window shows after a second, and the time remaining after two") {
     HWND const active = GetActiveWindow();
     const DWORD start = GetTickCount();
     const ProgressInWindow paused(TRUE);
@@ -96,7 +97,8 @@ TEST_CASE("The window shows after a second, and the time remaining after two") {
     takeScreenshot(seconds.window(), "PROGRESS");
 }
 
-TEST_CASE(
+TEST_CASE_FIXTURE(
+    ModuleState,
     "The window carries its title, its texts and its icon, a pause shows it, and it goes with its object") {
     HWND window;
     {
@@ -136,7 +138,7 @@ TEST_CASE(
     CHECK_FALSE(IsWindow(window));
 }
 
-TEST_CASE("Every way to cancel stops the work and leaves the window") {
+TEST_CASE_FIXTURE(ModuleState, "Every way to cancel stops the work and leaves the window") {
     struct {
         const char* name;
         UINT message;
@@ -167,7 +169,9 @@ TEST_CASE("Every way to cancel stops the work and leaves the window") {
     }
 }
 
-TEST_CASE("The pump takes no message but the window's own, and hears Cancel while the thread is to end") {
+TEST_CASE_FIXTURE(
+    ModuleState,
+    "The pump takes no message but the window's own, and hears Cancel while the thread is to end") {
     const TestWindow other("other");
     const ProgressInWindow progress;
     PostMessageA(other, WM_APP, 5, 0);
@@ -183,7 +187,7 @@ TEST_CASE("The pump takes no message but the window's own, and hears Cancel whil
     CHECK(message.wParam == 7);
 }
 
-TEST_CASE("A window that cannot be made gives the system's reason") {
+TEST_CASE_FIXTURE(ModuleState, "A window that cannot be made gives the system's reason") {
     SetLastError(0);
     CHECK(ProgressCreate(GetModuleHandleA("comctl32.dll"), kTitle, nullptr, FALSE) == nullptr);
     CHECK(GetLastError() == ERROR_RESOURCE_NAME_NOT_FOUND);

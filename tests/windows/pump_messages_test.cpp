@@ -3,6 +3,7 @@
 
 #include "res/resource.h"
 #include "support/modal_windows.h"
+#include "support/test_module_windows.h"
 
 #include <doctest/doctest.h>
 
@@ -24,7 +25,9 @@ bool anyMessageWaits() {
 
 }  // namespace
 
-TEST_CASE("Every waiting message is handled, the dialog's keys too; a request to quit stays for the thread") {
+TEST_CASE_FIXTURE(
+    ModuleState,
+    "Every waiting message is handled, the dialog's keys too; a request to quit stays for the thread") {
     commands = 0;
     const TestWindow dialog(CreateDialogParamA(
         GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_CONFIRM_REPLACE), nullptr, countCommands, 0));

@@ -1,7 +1,7 @@
 // The shell's folders, and the system's folder chooser as the user sees it.
 #include "ui/shell_folders.h"
 
-#include "macfile/path.h"
+#include "base/path.h"
 #include "support/modal_windows.h"
 
 #include <doctest/doctest.h>

@@ -1,4 +1,4 @@
-#include "macfile/path.h"
+#include "base/path.h"
 
 #include "base/owned.h"
 #include "base/text.h"
@@ -46,13 +46,15 @@ DWORD GetShortPath(const char* path, char* out, DWORD capacity) {
     return GetShortPathNameA(path, out, capacity);
 }
 
-DWORD GetFileSizeByPath(const char* path) {
+ErrorCode GetSizeByPath(const char* path, uint64_t& size) {
     const OwnedFile file(CreateFileA(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
                                      FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) return 0;
-    // A query that fails must not read as a size: a volume would pass for a Mac volume by it.
+    return file ? GetSizeOf(file.get(), size) : lastErrorOr(ERROR_GEN_FAILURE);
+}
+
+DWORD GetFileSizeByPath(const char* path) {
     uint64_t size = 0;
-    return GetSizeOf(file.get(), size) == 0 ? static_cast<DWORD>(size) : 0;
+    return GetSizeByPath(path, size) == 0 ? static_cast<DWORD>(size) : 0;
 }
 
 }  // namespace tidewell

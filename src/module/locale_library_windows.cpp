@@ -1,8 +1,8 @@
 #include "module/locale_library.h"
 
+#include "base/file.h"
 #include "base/registry_key.h"
-#include "macfile/path.h"
-#include "ui/settings.h"
+#include "module/settings_key.h"
 
 namespace tidewell {
 

@@ -1,9 +1,8 @@
 // The display of a ProgressDialog on Windows: the modeless dialog "FILEPROGRESS".
-#include "ui/progress_display.h"
+#include "ui/user_windows.h"
 
 #include "res/resource.h"
 #include "ui/place_window.h"
-#include "ui/pump_messages.h"
 
 #include <windows.h>
 #include <commctrl.h>
@@ -93,10 +92,6 @@ INT_PTR CALLBACK progressProcedure(HWND window, UINT message, WPARAM wParam, LPA
     return FALSE;
 }
 
-}  // namespace
-
-namespace progress_display {
-
 BOOL create(ProgressDialog& progress, const char* title, HWND owner) {
     InitCommonControls();
     Creation creation{progress, title};
@@ -140,6 +135,9 @@ void serve(ProgressDialog& progress) {
     PumpMessagesOf(progress.window, progress.window);
 }
 
-}  // namespace progress_display
+}  // namespace
+
+constinit const ProgressDisplay ProgressWindowDisplay = {create,   destroy,     setIcon, setText,
+                                                         setRange, setPosition, showNow, serve};
 
 }  // namespace tidewell

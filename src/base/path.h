@@ -1,7 +1,7 @@
 // Operations on paths in the ANSI code page. Every search walks the text character by character, so that the
 // second byte of a double-byte character is never taken for a backslash, a colon or a period.
-#ifndef TIDEWELL_MACFILE_PATH_H
-#define TIDEWELL_MACFILE_PATH_H
+#ifndef TIDEWELL_BASE_PATH_H
+#define TIDEWELL_BASE_PATH_H
 
 #include "base/file.h"
 
@@ -22,6 +22,9 @@ const char* FileExtension(const char* path);
 // the last error when it fails, as for a file that does not exist. When `out` is `path` itself, the path
 // stays as it is and its length is returned.
 DWORD GetShortPath(const char* path, char* out, DWORD capacity);
+
+// The size of an existing file, in bytes. The system's error when it cannot be opened or measured.
+ErrorCode GetSizeByPath(const char* path, uint64_t& size);
 
 // The low 32 bits of an existing file's size, in bytes. 0 for a file that cannot be opened or measured; for
 // an empty one the last error is as the size query left it.

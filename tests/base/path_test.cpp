@@ -1,4 +1,4 @@
-#include "macfile/path.h"
+#include "base/path.h"
 
 #include "support/test_pc.h"
 

@@ -1,7 +1,7 @@
 #include "ui/shell_folders.h"
 
 #include "base/error_code.h"
-#include "macfile/path.h"
+#include "base/path.h"
 
 namespace tidewell {
 

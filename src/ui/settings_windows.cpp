@@ -1,6 +1,7 @@
 #include "ui/settings.h"
 
 #include "base/registry_key.h"
+#include "module/settings_key.h"
 
 namespace tidewell {
 

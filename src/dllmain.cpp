@@ -1,11 +1,13 @@
 // What the system calls when a process loads the library.
-#include "module/attach.h"
+#include "module/system_facts.h"
+#include "ui/user_windows.h"
 
 // Nothing is done on detach: other threads' code may still run, and the process gives everything back.
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
     if (reason == DLL_PROCESS_ATTACH) {
         DisableThreadLibraryCalls(instance);
-        tidewell::AttachModule(instance);
+        tidewell::InitializeModuleState(instance, tidewell::FindSystemFacts());
+        tidewell::SetUser(&tidewell::WindowsUser);
     }
     return TRUE;
 }

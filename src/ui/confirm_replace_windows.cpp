@@ -1,9 +1,10 @@
 // The question before a file is replaced, as a dialog.
-#include "ui/confirm_replace.h"
+#include "ui/user_windows.h"
 
 #include "base/file.h"
-#include "macfile/path.h"
+#include "base/path.h"
 #include "module/module_state.h"
+#include "res/resource.h"
 #include "ui/display_title.h"
 #include "ui/place_window.h"
 #include "ui/strings.h"
@@ -134,7 +135,7 @@ INT_PTR CALLBACK confirmProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
 
 }  // namespace
 
-int ConfirmFileReplace(HWND owner, const char* path, BOOL several) {
+int ConfirmReplaceInWindow(HWND owner, const char* path, BOOL several) {
     if (!MayExist(path)) return IDYES;
 
     char shown[kPathCapacity];

@@ -1,0 +1,11 @@
+#include "ui/user_windows.h"
+
+namespace tidewell {
+
+constinit const User WindowsUser = {
+    &ProgressWindowDisplay,
+    ConfirmReplaceInWindow,
+    [](HWND dialog) { PumpMessagesOf(nullptr, dialog); },
+};
+
+}  // namespace tidewell

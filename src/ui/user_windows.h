@@ -1,0 +1,22 @@
+// The user in front of the system's windows, and what the table is made of.
+#ifndef TIDEWELL_UI_USER_WINDOWS_H
+#define TIDEWELL_UI_USER_WINDOWS_H
+
+#include "ui/user.h"
+
+namespace tidewell {
+
+extern const User WindowsUser;
+
+// The modeless dialog "FILEPROGRESS".
+extern const ProgressDisplay ProgressWindowDisplay;
+
+// The dialog IDD_CONFIRM_REPLACE.
+int ConfirmReplaceInWindow(HWND owner, const char* path, BOOL several);
+
+// PumpMessages, for the messages of one window and of what is in it; null: for all.
+void PumpMessagesOf(HWND window, HWND dialog);
+
+}  // namespace tidewell
+
+#endif
