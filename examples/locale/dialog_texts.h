@@ -15,8 +15,8 @@
 #define TEXT_FORMAT_LABEL "Volume&bezeichnung:"
 
 #define TEXT_COPY_TITLE "Tidewell 98 - Diskette kopieren"
-#define TEXT_COPY_FROM "Kopieren von:"
-#define TEXT_COPY_TO "Kopieren nach:"
+#define TEXT_COPY_FROM "Kopieren &von:"
+#define TEXT_COPY_TO "Kopieren &nach:"
 #define TEXT_COPY_FORMAT "&Zieldiskette vor dem Kopieren formatieren"
 
 #define TEXT_VIEWER_TITLE "Tidewell 98 - Ressourcen"

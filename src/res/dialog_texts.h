@@ -20,8 +20,8 @@
 
 // Copy Mac Disk
 #define TEXT_COPY_TITLE "Tidewell 98 Copy Disk"
-#define TEXT_COPY_FROM "Copy from:"
-#define TEXT_COPY_TO "Copy to:"
+#define TEXT_COPY_FROM "Copy f&rom:"
+#define TEXT_COPY_TO "Copy &to:"
 #define TEXT_COPY_FORMAT "&Format destination disk before copying"
 
 // The resource viewer

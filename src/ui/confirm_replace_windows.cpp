@@ -6,6 +6,7 @@
 #include "module/module_state.h"
 #include "res/resource.h"
 #include "ui/display_title.h"
+#include "ui/place_window.h"
 #include "ui/strings.h"
 
 namespace tidewell {
@@ -77,13 +78,8 @@ void growToName(HWND dialog) {
         OffsetRect(&place, 0, missing);
         moveTo(control, place);
     }
-    constexpr UINT kSizeOnly = SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE;
-    SetWindowPos(label, nullptr, 0, 0, labelPlace.right - labelPlace.left,
-                 labelPlace.bottom - labelPlace.top + missing, kSizeOnly);
-    RECT frame = {};
-    GetWindowRect(dialog, &frame);
-    SetWindowPos(dialog, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top + missing,
-                 kSizeOnly);
+    GrowWindow(label, missing);
+    GrowWindow(dialog, missing);
 }
 
 constexpr char kButtonProcedure[] = "TidewellButtonProcedure";
@@ -124,6 +120,8 @@ void onInit(HWND dialog, const Question& question) {
     FormatWindowText(dialog, IDC_REPLACE_NAME, question.title);
     growToName(dialog);
     if (!question.several) leaveTwoButtons(dialog);
+    // Beside its owner the dialog manager has put it, else in the screen's corner.
+    if (!GetWindow(dialog, GW_OWNER)) CentreWindow(dialog);
 }
 
 INT_PTR CALLBACK confirmProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -1,4 +1,4 @@
-// Where new windows come up.
+// Where new windows come up, and how large.
 #ifndef TIDEWELL_UI_PLACE_WINDOW_H
 #define TIDEWELL_UI_PLACE_WINDOW_H
 
@@ -10,6 +10,12 @@ namespace tidewell {
 // `cascadeIndex`, that many captions further down and to the right. It stays within the screen's right and
 // bottom edges. Neither its size nor what is active changes.
 void PlaceWindow(HWND window, int cascadeIndex);
+
+// Moves a window to the middle of what the taskbar leaves of the screen. Its size does not change.
+void CentreWindow(HWND window);
+
+// Adds room at the foot of a window or of a control, in pixels.
+void GrowWindow(HWND window, LONG height);
 
 }  // namespace tidewell
 

@@ -2,6 +2,7 @@
 #include "ui/user_windows.h"
 
 #include "res/resource.h"
+#include "ui/place_window.h"
 
 #include <windows.h>
 #include <commctrl.h>
@@ -15,6 +16,8 @@ constexpr UINT kShowDelay = 1000;  // ms
 constexpr UINT_PTR kEstimateTimer = 1;
 constexpr UINT kEstimateInterval = 2000;  // ms
 constexpr WPARAM kBarStep = 10;
+// The template ends with its last line; below it is as much room as beside it.
+constexpr LONG kFootMargin = 7;  // dialog units
 
 constexpr int kTemplateCapacity = 128;
 constexpr int kNumberCapacity = 12;  // a sign, ten digits and the NUL
@@ -40,11 +43,18 @@ void showControl(HWND window, int id) {
     if (!IsWindowVisible(control)) ShowWindow(control, SW_SHOW);
 }
 
+void addFootMargin(HWND window) {
+    RECT margin = {0, 0, 0, kFootMargin};
+    MapDialogRect(window, &margin);
+    GrowWindow(window, margin.bottom);
+}
+
 void onInit(HWND window, const Creation& creation) {
     SetWindowLongPtrA(window, DWLP_USER, reinterpret_cast<LONG_PTR>(&creation.progress));
     SetWindowTextA(window, creation.title);
     SendDlgItemMessageA(window, IDC_PROGRESS_BAR, PBM_SETPOS, 0, 0);
     SendDlgItemMessageA(window, IDC_PROGRESS_BAR, PBM_SETSTEP, kBarStep, 0);
+    addFootMargin(window);
     SetTimer(window, kShowTimer, kShowDelay, nullptr);
     SetTimer(window, kEstimateTimer, kEstimateInterval, nullptr);
 }

@@ -29,7 +29,7 @@ const Template kTemplates[] = {
      "Format Mac Disk - %1? [1071] []Format &type: [1017] [1064]&Quick format [1077]Volume &label: "
      "[1021] [1004] [1018] [1000]&Start [2]&Close [1056]&Help"},
     {IDD_COPY, "COPY",
-     "Tidewell 98 Copy Disk? [1057] []Copy from: [1001] []Copy to: [1003] "
+     "Tidewell 98 Copy Disk? [1057] []Copy f&rom: [1001] []Copy &to: [1003] "
      "[1022]&Format destination disk before copying [1004] [1018] [1000]&Start [2]&Close [1055]&Help"},
     {IDD_VIEWER, "VIEWER",
      "Tidewell 98 Resource Viewer? [1000] [1003-]&View... [1001]&Save As... [1]&Close [1054]&Help [1071] "
