@@ -19,7 +19,7 @@ endif()
 
 # What they share with the tests.
 set(TIDEWELL_FUZZ_SUPPORT_SOURCES "")
-foreach(name test_pc temp_folder_native archive_writer scripted_user)
+foreach(name test_pc temp_folder_native archive_writer binhex_reference scripted_user)
   list(APPEND TIDEWELL_FUZZ_SUPPORT_SOURCES ${PROJECT_SOURCE_DIR}/tests/support/${name}.cpp)
 endforeach()
 

@@ -1,8 +1,6 @@
 // Random changes of BinHex files. Most changes of the text break a CRC before anything behind it is reached;
 // so, half of the time, what the text stands for is changed, and its CRCs are made to be right.
-#include "convert/binhex_stream.h"
-#include "convert/binhex_text.h"
-#include "support/archive_writer.h"
+#include "support/binhex_reference.h"
 
 #include <algorithm>
 
@@ -13,19 +11,10 @@ namespace {
 constexpr size_t kMostSections = 4096;
 
 // The expanded sections with their CRCs, as far as they can be read.
-Bytes sectionsOf(Bytes text) {
-    uint8_t* const bytes = text.data();
-    const uint8_t* const start = tidewell::FindBinHexStart(bytes, text.size());
-    if (start == nullptr) return {};
-    const auto before = static_cast<size_t>(start - bytes);
-    size_t produced = 0;
-    if (tidewell::DecodeBinHexText(bytes + before, text.size() - before, produced) != 0) return {};
-    tidewell::BinHexStream stream = {start, start + produced};
-    Bytes sections;
-    uint8_t next = 0;
-    while (sections.size() < kMostSections && tidewell::ReadRunLength(stream, &next, 1, nullptr) == 0)
-        sections.push_back(next);
-    return sections;
+Bytes sectionsOf(const Bytes& file) {
+    uint32_t error = 0;
+    const Bytes decoded = decodedBinHex(file, error);
+    return error == 0 ? expandedBinHex(decoded, kMostSections, error) : Bytes();
 }
 
 void storeCrc(Bytes& sections, size_t start, size_t length) {

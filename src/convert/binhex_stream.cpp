@@ -18,11 +18,19 @@ size_t smaller(size_t a, size_t b) {
     return a < b ? a : b;
 }
 
-// The marker stands at the stream's next byte.
+// Makes sure of a next byte; `atEnd` at the text's end.
+ErrorCode needByte(BinHexText& text, ErrorCode atEnd) {
+    if (text.next != text.end) return 0;
+    const ErrorCode error = DecodeBinHexText(text);
+    if (error != 0) return error;
+    return text.next != text.end ? 0 : atEnd;
+}
+
+// The marker has been taken.
 ErrorCode readRun(BinHexStream& stream, uint8_t*& out) {
-    if (stream.end - stream.next < 2) return ERROR_INVALID_DATA;
-    const uint8_t count = stream.next[1];
-    stream.next += 2;
+    const ErrorCode error = needByte(stream.text, ERROR_INVALID_DATA);
+    if (error != 0) return error;
+    const uint8_t count = *stream.text.next++;
     if (count == 0) {
         stream.last = kRunMarker;
         stream.anyProduced = true;
@@ -34,16 +42,26 @@ ErrorCode readRun(BinHexStream& stream, uint8_t*& out) {
     return 0;
 }
 
-void copyLiterals(BinHexStream& stream, uint8_t*& out, size_t limit) {
-    const void* const marker = std::memchr(stream.next, kRunMarker, limit);
+// Copies the bytes before the next marker, as many as are decoded and wanted.
+void copyLiterals(BinHexStream& stream, uint8_t*& out, size_t wanted) {
+    BinHexText& text = stream.text;
+    const size_t most = smaller(wanted, static_cast<size_t>(text.end - text.next));
+    const void* const marker = std::memchr(text.next, kRunMarker, most);
     const size_t length =
-        marker != nullptr ? static_cast<size_t>(static_cast<const uint8_t*>(marker) - stream.next) : limit;
+        marker != nullptr ? static_cast<size_t>(static_cast<const uint8_t*>(marker) - text.next) : most;
     if (length == 0) return;
-    std::memcpy(out, stream.next, length);
-    stream.next += length;
-    stream.last = stream.next[-1];
+    std::memcpy(out, text.next, length);
+    text.next += length;
+    stream.last = text.next[-1];
     stream.anyProduced = true;
     out += length;
+}
+
+void copyRun(BinHexStream& stream, uint8_t*& out, size_t wanted) {
+    const size_t copies = smaller(stream.runLeft, wanted);
+    std::memset(out, stream.last, copies);
+    out += copies;
+    stream.runLeft -= static_cast<uint32_t>(copies);
 }
 
 ErrorCode expand(BinHexStream& stream, uint8_t* out, size_t count) {
@@ -51,19 +69,18 @@ ErrorCode expand(BinHexStream& stream, uint8_t* out, size_t count) {
     while (out != end) {
         const auto wanted = static_cast<size_t>(end - out);
         if (stream.runLeft != 0) {
-            const size_t copies = smaller(stream.runLeft, wanted);
-            std::memset(out, stream.last, copies);
-            out += copies;
-            stream.runLeft -= static_cast<uint32_t>(copies);
+            copyRun(stream, out, wanted);
             continue;
         }
-        const auto left = static_cast<size_t>(stream.end - stream.next);
-        if (left == 0) return ERROR_HANDLE_EOF;
-        if (*stream.next == kRunMarker) {
-            if (const ErrorCode error = readRun(stream, out)) return error;
-        } else {
-            copyLiterals(stream, out, smaller(left, wanted));
+        ErrorCode error = needByte(stream.text, ERROR_HANDLE_EOF);
+        if (error != 0) return error;
+        if (*stream.text.next != kRunMarker) {
+            copyLiterals(stream, out, wanted);
+            continue;
         }
+        ++stream.text.next;
+        error = readRun(stream, out);
+        if (error != 0) return error;
     }
     return 0;
 }
@@ -83,7 +100,7 @@ ErrorCode ReadRunLength(BinHexStream& stream, void* out, size_t count, uint16_t*
 }
 
 bool CouldExpandTo(const BinHexStream& stream, uint64_t count) {
-    const auto left = static_cast<uint64_t>(stream.end - stream.next);
+    const uint64_t left = static_cast<uint64_t>(stream.text.end - stream.text.next) + stream.text.undecoded;
     return count <= stream.runLeft + (left + 1) / 2 * kLongestRun;
 }
 

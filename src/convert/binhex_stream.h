@@ -2,16 +2,13 @@
 #ifndef TIDEWELL_CONVERT_BINHEX_STREAM_H
 #define TIDEWELL_CONVERT_BINHEX_STREAM_H
 
-#include "base/error_code.h"
-
-#include <cstdint>
+#include "convert/binhex_text.h"
 
 namespace tidewell {
 
 // A place in the decoded bytes. A run that a section's end cuts goes on in the next section.
 struct BinHexStream {
-    const uint8_t* next;
-    const uint8_t* end;
+    BinHexText text;
     uint8_t last = 0;  // the byte produced last
     bool anyProduced = false;
     uint32_t runLeft = 0;  // copies of `last` still to come
@@ -19,7 +16,7 @@ struct BinHexStream {
 
 // Produces `count` expanded bytes into `out` and runs them through `crc`, which may be null. ERROR_HANDLE_EOF
 // when the stream ends before, ERROR_INVALID_DATA for a run of nothing and for a run marker without its
-// count.
+// count; else the text's error.
 ErrorCode ReadRunLength(BinHexStream& stream, void* out, size_t count, uint16_t* crc);
 
 // Whether the stream could hold `count` more expanded bytes, whatever they are.

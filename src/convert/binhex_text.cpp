@@ -1,81 +1,64 @@
 #include "convert/binhex_text.h"
 
-#include "convert/binhex_alphabet.h"
-#include "convert/binhex_groups.h"
-
 #include <cstring>
 
 namespace tidewell {
 
 namespace {
 
-constexpr char kEnglishMarker[] = "(This file must be converted with BinHex 4.0)";
-static_assert(sizeof kEnglishMarker - 1 == 45);
-
-// "（このファイルは BinHex4.0 で変換される必要があります。）" in Shift-JIS.
-constexpr char kJapaneseMarker[] =
-    "\x81\x69\x82\xB1\x82\xCC\x83\x74\x83\x40\x83\x43\x83\x8B\x82\xCD\x20"
-    "BinHex4.0"
-    "\x20\x82\xC5\x95\xCF\x8A\xB7\x82\xB3\x82\xEA\x82\xE9\x95\x4B\x97\x76\x82\xAA\x82\xA0\x82\xE8\x82\xDC"
-    "\x82\xB7\x81\x42\x81\x6A";
-static_assert(sizeof kJapaneseMarker - 1 == 57);
-
-bool isBlank(uint8_t character) {
-    return kBinHexMeanings.of[character] == kBinHexBlank;
+// Decodes the groups of `count` values. What is left of them waits for the next block, unless it is the end:
+// then the missing bits are zero, and a byte that a last character only begins counts.
+void decodeGroups(BinHexText& text, size_t count) {
+    const size_t left = count % 4;
+    size_t groups = count / 4;
+    size_t produced = groups * 3;
+    if (text.ended && left != 0) {
+        std::memset(text.values + count, 0, 4 - left);
+        ++groups;
+        produced += left;
+    }
+    PackBinHexValues(text.values, groups);
+    text.next = text.values;
+    text.end = text.values + produced;
+    text.begun = text.values + 4 * groups;
+    text.begunCount = text.ended ? 0 : left;
+    text.undecoded -= produced < text.undecoded ? produced : text.undecoded;
 }
 
-bool startsWith(const uint8_t* text, const uint8_t* end, const char* marker, size_t length) {
-    return static_cast<size_t>(end - text) > length && std::memcmp(text, marker, length) == 0;
-}
-
-const uint8_t* skipBlanks(const uint8_t* text, const uint8_t* end) {
-    while (text < end && isBlank(*text))
-        ++text;
-    return text;
+ErrorCode decodeBlock(BinHexText& text) {
+    BinHexBlocks& blocks = text.blocks;
+    const ErrorCode error = ReadBinHexBlock(blocks);
+    if (error != 0) return error;
+    if (blocks.next == blocks.end) return ERROR_HANDLE_EOF;
+    std::memmove(text.values, text.begun, text.begunCount);
+    uint8_t* out = text.values + text.begunCount;
+    const uint8_t* const stop = TakeBinHexValues(blocks.next, blocks.end, out);
+    if (stop != blocks.end && *stop != ':') return ERROR_INVALID_DATA;
+    text.ended = stop != blocks.end;
+    decodeGroups(text, static_cast<size_t>(out - text.values));
+    return 0;
 }
 
 }  // namespace
 
-const uint8_t* FindBinHexStart(const uint8_t* buffer, size_t length) {
-    const uint8_t* const end = buffer + length;
-    for (const uint8_t* at = buffer; at < end; ++at) {
-        if (startsWith(at, end, kEnglishMarker, sizeof kEnglishMarker - 1))
-            return skipBlanks(at + sizeof kEnglishMarker - 1, end);
-        if (startsWith(at, end, kJapaneseMarker, sizeof kJapaneseMarker - 1))
-            return skipBlanks(at + sizeof kJapaneseMarker - 1, end);
-    }
-    return nullptr;
+ErrorCode OpenBinHexText(HANDLE file, uint64_t size, const BinHexExtent& extent, BinHexMemory& memory,
+                         BinHexText& text) {
+    LONG high = static_cast<LONG>(extent.start >> 32);
+    const auto low = static_cast<LONG>(extent.start & 0xFFFFFFFF);
+    if (SetFilePointer(file, low, &high, FILE_BEGIN) == INVALID_SET_FILE_POINTER &&
+        GetLastError() != NO_ERROR)
+        return GetLastError();
+    text.blocks = {file, extent.start, size, memory.text, nullptr, nullptr};
+    text.values = memory.values;
+    text.next = text.end = text.begun = memory.values;
+    text.undecoded = extent.decoded;
+    return 0;
 }
 
-ErrorCode DecodeBinHexText(uint8_t* text, size_t length, size_t& produced) {
-    const uint8_t* const end = text + length;
-    const uint8_t* next = skipBlanks(text, end);
-    if (next == end || *next != ':') return ERROR_INVALID_DATA;
-    ++next;
-
-    uint8_t* out = text;
-    unsigned bits = 0;  // of the group, so far
-    int characters = 0;
-    for (;;) {
-        if (characters == 0) next = DecodeBinHexGroups(next, end, out);
-        if (next == end) return ERROR_HANDLE_EOF;
-        const uint8_t meaning = kBinHexMeanings.of[*next];
-        if (meaning == kBinHexOther) break;
-        ++next;
-        if (meaning == kBinHexBlank) continue;
-        bits = bits << 6 | meaning;
-        characters = (characters + 1) % 4;
-        // Each character after a group's first completes a byte.
-        if (characters == 2) *out++ = static_cast<uint8_t>(bits >> 4);
-        if (characters == 3) *out++ = static_cast<uint8_t>(bits >> 2);
-        if (characters == 0) *out++ = static_cast<uint8_t>(bits);
+ErrorCode DecodeBinHexText(BinHexText& text) {
+    while (text.next == text.end && !text.ended) {
+        if (const ErrorCode error = decodeBlock(text)) return error;
     }
-    if (*next != ':') return ERROR_INVALID_DATA;
-    // A byte begun by the group's last character counts, its missing bits zero.
-    if (characters == 1) *out++ = static_cast<uint8_t>(bits << 2);
-    if (characters == 2) *out++ = static_cast<uint8_t>(bits << 4);
-    if (characters == 3) *out++ = static_cast<uint8_t>(bits << 6);
-    produced = static_cast<size_t>(out - text);
     return 0;
 }
 

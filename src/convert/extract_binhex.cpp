@@ -2,7 +2,6 @@
 
 #include "base/file.h"
 #include "convert/binhex_header.h"
-#include "convert/binhex_text.h"
 #include "convert/restore_finder_info.h"
 
 #include <cstdint>
@@ -12,43 +11,53 @@ namespace tidewell {
 
 namespace {
 
-// A BinHex file, whole in memory. It stays open, so that nothing can be written over it.
-struct Text {
+// An open BinHex file. It stays open, so that nothing can be written over it, and nothing in it changes
+// between the two times that it is read.
+struct Source {
     OwnedFile file;
-    PageBuffer buffer;
-    DWORD size = 0;  // bytes
+    uint64_t size = 0;  // bytes
+    PageBuffer memory;
+
+    BinHexMemory& blocks() const { return *reinterpret_cast<BinHexMemory*>(memory.data()); }
 };
 
-ErrorCode readSource(const char* path, Text& text) {
-    uint64_t size = 0;
-    ErrorCode error = OpenForReading(path, text.file);
-    if (error == 0) error = GetSizeOf(text.file.get(), size);
-    if (error != 0 || size == 0) return error;
-    if (size > UINT32_MAX) return ERROR_NOT_ENOUGH_MEMORY;
-    text.size = static_cast<DWORD>(size);
-    text.buffer = PageBuffer::allocate(text.size);
-    if (!text.buffer) return ERROR_NOT_ENOUGH_MEMORY;
-    return ReadWhole(text.file.get(), text.buffer.data(), text.size);
+ErrorCode openSource(const char* path, Source& source) {
+    ErrorCode error = OpenForReading(path, source.file);
+    if (error == 0) error = GetSizeOf(source.file.get(), source.size);
+    if (error != 0) return error;
+    source.memory = PageBuffer::allocate(sizeof(BinHexMemory));
+    return source.memory ? 0 : ERROR_NOT_ENOUGH_MEMORY;
+}
+
+// The stream and the memory for what is made of it.
+struct Decoder {
+    BinHexStream& stream;
+    uint8_t* block;  // kBinHexBlock bytes
+};
+
+ErrorCode writeExpanded(HANDLE fork, const Decoder& decoder, DWORD length, ProgressDialog* progress) {
+    uint16_t crc = 0;
+    DWORD block = 0;
+    do {
+        block = length < kBinHexBlock ? length : kBinHexBlock;
+        ErrorCode error = ReadRunLength(decoder.stream, decoder.block, block, &crc);
+        if (error != 0) return error;
+        length -= block;
+        if (length == 0) ProgressPump(progress);
+        error = WriteWhole(fork, decoder.block, block);
+        if (error != 0) return error;
+    } while (length != 0);
+    return CheckBinHexCrc(decoder.stream, crc);
 }
 
 // The next `length` expanded bytes become the fork at `path`.
-ErrorCode WriteBinHexFork(const char* path, BinHexStream& stream, DWORD length, ExtractedFile& file,
+ErrorCode WriteBinHexFork(const char* path, const Decoder& decoder, DWORD length, ExtractedFile& file,
                           ProgressDialog* progress) {
-    if (!CouldExpandTo(stream, length)) return ERROR_HANDLE_EOF;
-    PageBuffer buffer;
-    if (length != 0) {
-        buffer = PageBuffer::allocate(length);
-        if (!buffer) return ERROR_NOT_ENOUGH_MEMORY;
-    }
+    if (!CouldExpandTo(decoder.stream, length)) return ERROR_HANDLE_EOF;
     OwnedFile fork;
     ErrorCode error = OpenExtractedFork(path, file, fork);
     if (error != 0) return error;
-    uint16_t crc = 0;
-    error = ReadRunLength(stream, buffer.data(), length, &crc);
-    if (error != 0) return error;
-    ProgressPump(progress);
-    error = WriteWhole(fork.get(), buffer.data(), length);
-    if (error == 0) error = CheckBinHexCrc(stream, crc);
+    error = writeExpanded(fork.get(), decoder, length, progress);
     const ErrorCode closed = CloseWritten(fork);
     return error != 0 ? error : closed;
 }
@@ -62,52 +71,47 @@ ErrorCode writeFinderInfo(const BinHexHeader& header, const ExtractedFile& file)
     return lastErrorOr(ERROR_INVALID_DATA);
 }
 
-ErrorCode writeFile(BinHexStream& stream, const BinHexHeader& header, ExtractedFile& file,
+ErrorCode writeFile(const Decoder& decoder, const BinHexHeader& header, ExtractedFile& file,
                     ProgressDialog* progress) {
     const ForkPaths& paths = file.paths;
-    ErrorCode error = WriteBinHexFork(paths.dataPath, stream, header.fields.dataLength, file, progress);
+    ErrorCode error = WriteBinHexFork(paths.dataPath, decoder, header.fields.dataLength, file, progress);
     if (error == 0 && paths.resourceLength != 0)
-        error = WriteBinHexFork(paths.resourcePath, stream, header.fields.resourceLength, file, progress);
+        error = WriteBinHexFork(paths.resourcePath, decoder, header.fields.resourceLength, file, progress);
     if (error == 0 && paths.finderInfoLength != 0) error = writeFinderInfo(header, file);
     return error;
 }
 
-ErrorCode extract(const Extraction& extraction, Text& text) {
-    const uint8_t* const start = FindBinHexStart(text.buffer.data(), text.size);
-    if (start == nullptr) return ERROR_INVALID_DATA;
-    const auto before = static_cast<size_t>(start - text.buffer.data());
-    uint8_t* const encoded = text.buffer.data() + before;
-    size_t produced = 0;
-    ErrorCode error = DecodeBinHexText(encoded, text.size - before, produced);
-    if (error != 0) return error;
-    BinHexStream stream = {encoded, encoded + produced};
+ErrorCode extract(const Extraction& extraction, const Source& source, const BinHexExtent& extent) {
+    if (extent.error != 0) return extent.error;
+    BinHexStream stream;
+    ErrorCode error = OpenBinHexText(source.file.get(), source.size, extent, source.blocks(), stream.text);
     BinHexHeader header;
-    error = ReadBinHexHeader(stream, header);
+    if (error == 0) error = ReadBinHexHeader(stream, header);
     if (error != 0) return error;
 
     ExtractedFile file;
     error = PlaceExtractedFile(extraction, header.name, file);
     if (error == 0 && file.skip) return 0;
-    if (error == 0) error = writeFile(stream, header, file, extraction.progress);
+    if (error == 0) error = writeFile({stream, source.blocks().fork}, header, file, extraction.progress);
     return FinishExtractedFile(extraction, file, error);
 }
 
 }  // namespace
 
 ErrorCode ExtractBinHex(const Extraction& extraction) {
-    Text text;
-    ErrorCode error = readSource(extraction.sourcePath, text);
+    Source source;
+    ErrorCode error = openSource(extraction.sourcePath, source);
+    BinHexExtent extent;
+    if (error == 0) error = ScanBinHexFile(source.file.get(), source.size, source.blocks(), extent);
     if (error != 0) return error;
-    uint64_t done = 0;
-    ProgressGetDone(extraction.progress, &done);
-    ProgressAdvance(extraction.progress, text.size / 2);
-    if (ProgressPump(extraction.progress)) {
-        error = extract(extraction, text);
-    } else {
-        error = ERROR_CANCELLED;
-    }
-    done += text.size;
-    ProgressSetDone(extraction.progress, &done);
+    uint64_t before = 0;
+    ProgressGetDone(extraction.progress, &before);
+    const uint64_t half = before + source.size / 2;
+    ProgressSetDone(extraction.progress, &half);
+    // What the scan has found is told only to a user who still wants to know.
+    error = ProgressPump(extraction.progress) ? extract(extraction, source, extent) : ERROR_CANCELLED;
+    const uint64_t whole = before + source.size;
+    ProgressSetDone(extraction.progress, &whole);
     return error;
 }
 

@@ -34,6 +34,9 @@ struct BinHexFile {
 };
 
 constexpr char kBinHexMarker[] = "(This file must be converted with BinHex 4.0)";
+constexpr char kJapaneseBinHexMarker[] =
+    "\x81\x69\x82\xB1\x82\xCC\x83\x74\x83\x40\x83\x43\x83\x8B\x82\xCD BinHex4.0 \x82\xC5\x95\xCF\x8A\xB7"
+    "\x82\xB3\x82\xEA\x82\xE9\x95\x4B\x97\x76\x82\xAA\x82\xA0\x82\xE8\x82\xDC\x82\xB7\x81\x42\x81\x6A";
 constexpr char kBinHexAlphabet[] = "!\"#$%&'()*+,-012345689@ABCDEFGHIJKLMNPQRSTUVXYZ[`abcdefhijklmpqr";
 constexpr uint8_t kBinHexRun = 0x90;
 

@@ -1,0 +1,46 @@
+// A BinHex file block by block: no more of it is in memory at any time.
+#ifndef TIDEWELL_CONVERT_BINHEX_BLOCKS_H
+#define TIDEWELL_CONVERT_BINHEX_BLOCKS_H
+
+#include "base/error_code.h"
+#include "base/owned.h"
+#include "convert/binhex_values.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace tidewell {
+
+// Small enough for the processor to have a block at hand from its reading to its writing.
+constexpr DWORD kBinHexBlock = 128 * 1024;
+
+// All the memory that an extraction takes, whatever the sizes of the file and its forks.
+struct BinHexMemory {
+    static constexpr size_t kPage = 4096;
+
+    uint8_t beforeText[kPage];  // for what is left over of the block before
+    uint8_t text[kBinHexBlock];
+    uint8_t values[kBinHexBlock + kPage];  // of the text's characters
+    uint8_t fork[kBinHexBlock];
+};
+static_assert(kBinHexOverrun + 3 <= BinHexMemory::kPage);
+
+// An open file, read on from where it stands.
+struct BinHexBlocks {
+    HANDLE file;
+    uint64_t position;  // of the file, in bytes
+    uint64_t size;      // bytes
+    uint8_t* memory;
+
+    // What was read last.
+    const uint8_t* next;
+    const uint8_t* end;
+};
+
+// Reads as far as the next multiple of a block. At the end of the file, `next` is `end`. The system's error,
+// or 38 when the file is shorter than it was.
+ErrorCode ReadBinHexBlock(BinHexBlocks& blocks);
+
+}  // namespace tidewell
+
+#endif
