@@ -1,9 +1,9 @@
 #include "host.h"
 
-#include "pc/host_file.h"
-#include "pc/host_name.h"
-#include "pc/mac_name.h"
-#include "pc/mac_volume_driver.h"
+#include "pc/host/host.h"
+#include "pc/names/host_name.h"
+#include "pc/names/mac_host_name.h"
+#include "pc/devices/mac_volume_driver.h"
 #include "pc/pc.h"
 
 #include "base/path.h"
@@ -89,7 +89,7 @@ Host::Host() {
     thePc->setPathLimit(tidewell::kPathCapacity);
     thePc->journal().setKept(false);
     thePc->setDeviceNames(false);
-    thePc->addDrive(kHostDrive, DRIVE_FIXED, pc::makeMacVolume("/"));
+    thePc->addDrive(kHostDrive, pc::makeMacVolume(pc::nativeHost(), "/", pc::FinderFlush::withDataFork));
     thePc->addDevice(pc::kMacVolumeDriverName, pc::makeMacVolumeDriver(*thePc));
     catchInterrupts();
     tidewell::InitializeModuleState(GetModuleHandleA(nullptr));
@@ -116,7 +116,7 @@ std::string pathKeyOf(const std::string& windowsPath) {
 
 std::string identityOf(const std::string& typed) {
     pc::HostStatus status;
-    return pc::hostStatus(typed, status) == 0 ? status.identity : std::string();
+    return pc::nativeHost()->status(typed, status) == 0 ? status.identity : std::string();
 }
 
 std::string windowsNameOf(const std::string& typedName) {
@@ -136,7 +136,7 @@ std::string freshNameIn(const std::string& typedFolder) {
 }
 
 tidewell::ErrorCode rename(const std::string& from, const std::string& to, bool mayReplace) {
-    return mayReplace ? pc::hostReplace(from, to) : pc::hostMove(from, to);
+    return mayReplace ? pc::nativeHost()->replace(from, to) : pc::nativeHost()->move(from, to);
 }
 
 FolderLock::FolderLock(const std::string& typedFolder)

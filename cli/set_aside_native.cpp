@@ -1,7 +1,7 @@
 #include "set_aside.h"
 
-#include "pc/host_file.h"
-#include "pc/mac_name.h"
+#include "pc/host/host.h"
+#include "pc/names/mac_host_name.h"
 
 #include <windows.h>
 
@@ -30,14 +30,14 @@ ErrorCode look(const std::string& typed, bool& there) {
 
 ErrorCode checkReplaceable(const std::string& typed) {
     pc::HostStatus status;
-    const ErrorCode error = pc::hostStatus(typed, status);
+    const ErrorCode error = pc::nativeHost()->status(typed, status);
     if (error != 0) return error;
     return status.kind == pc::HostKind::file && status.ownerMayWrite ? 0 : ERROR_ACCESS_DENIED;
 }
 
 ErrorCode openHost(const std::string& typed, const pc::HostAccess& access,
                    std::unique_ptr<pc::HostFile>& file) {
-    return pc::HostFile::open(typed, access, std::make_shared<pc::SpaceLimit>(), file);
+    return pc::nativeHost()->open(typed, access, std::make_shared<pc::SpaceLimit>(), file);
 }
 
 // An empty file with the permissions of another.
@@ -63,7 +63,7 @@ ErrorCode flush(const std::string& typed) {
 ErrorCode removeIfThere(const std::string& typed) {
     bool there = false;
     const ErrorCode error = look(typed, there);
-    return error == 0 && there ? pc::hostRemove(typed) : error;
+    return error == 0 && there ? pc::nativeHost()->remove(typed) : error;
 }
 
 }  // namespace
@@ -85,28 +85,29 @@ ErrorCode SetAside::begin(const std::string& typed, const std::string& aside) {
     if (error == 0 && file) error = checkReplaceable(typed);
     if (error != 0) return error;
     if (file) {
-        error = pc::hostMove(typed, aside);
+        error = pc::nativeHost()->move(typed, aside);
         movedFile_ = error == 0;
     }
     if (error == 0 && information) {
-        error = pc::hostMove(informationOf(typed), informationOf(aside));
+        error = pc::nativeHost()->move(informationOf(typed), informationOf(aside));
         movedInformation_ = error == 0;
     }
     if (error == 0 && file) error = createLike(typed, aside);
     if (error == 0 && information) error = copyFile(informationOf(aside), informationOf(typed));
     // What did not move is not touched.
-    if (error != 0 && movedFile_ && pc::hostReplace(aside, typed) == 0) movedFile_ = false;
-    if (error != 0 && movedInformation_ && pc::hostReplace(informationOf(aside), informationOf(typed)) == 0)
+    if (error != 0 && movedFile_ && pc::nativeHost()->replace(aside, typed) == 0) movedFile_ = false;
+    if (error != 0 && movedInformation_ &&
+        pc::nativeHost()->replace(informationOf(aside), informationOf(typed)) == 0)
         movedInformation_ = false;
     return error;
 }
 
 ErrorCode SetAside::bringBack() {
     const bool hadInformation = movedInformation_;
-    ErrorCode error = movedFile_ ? pc::hostReplace(aside_, typed_) : removeIfThere(typed_);
+    ErrorCode error = movedFile_ ? pc::nativeHost()->replace(aside_, typed_) : removeIfThere(typed_);
     if (error != 0) return error;
     movedFile_ = false;
-    error = hadInformation ? pc::hostReplace(informationOf(aside_), informationOf(typed_))
+    error = hadInformation ? pc::nativeHost()->replace(informationOf(aside_), informationOf(typed_))
                            : removeIfThere(informationOf(typed_));
     if (error == 0) movedInformation_ = false;
     return error;
@@ -117,10 +118,10 @@ ErrorCode SetAside::discard() {
     bool information = false;
     if (error == 0) error = look(informationOf(typed_), information);
     if (error == 0 && information) error = flush(informationOf(typed_));
-    if (error == 0 && movedFile_) error = pc::hostRemove(aside_);
+    if (error == 0 && movedFile_) error = pc::nativeHost()->remove(aside_);
     if (error != 0) return error;
     movedFile_ = false;
-    if (movedInformation_) error = pc::hostRemove(informationOf(aside_));
+    if (movedInformation_) error = pc::nativeHost()->remove(informationOf(aside_));
     if (error == 0) movedInformation_ = false;
     return error;
 }

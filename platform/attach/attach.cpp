@@ -1,8 +1,9 @@
 // Puts a PC under the library in a Windows test program. The program defines the pointers through which the
 // library's code calls the system; the linker then never takes them from the system's import libraries, and
 // the product needs no seam for it. What is not the PC's goes on to the real system, but never a device.
-#include "../kernel/kernel.h"
-#include "../pc/pc.h"
+#include "kernel/kernel.h"
+#include "pc/pc.h"
+#include "pc/system_lock.h"
 
 #include <shlobj.h>
 
@@ -56,7 +57,10 @@ bool answersHEAP(HANDLE, DWORD, const void* memory) {
 
 #define PC_CALL(kind, result, name, stackBytes, parameters, arguments)                                    \
     static result WINAPI attached_##name parameters {                                                     \
-        if (answers##kind arguments) return kernel::name arguments;                                       \
+        {                                                                                                 \
+            const pc::SystemLock lock;                                                                    \
+            if (answers##kind arguments) return kernel::name arguments;                                   \
+        }                                                                                                 \
         static const auto real =                                                                          \
             reinterpret_cast<result(WINAPI*) parameters>(reinterpret_cast<void*>(systemFunction(#name))); \
         return real arguments;                                                                            \

@@ -2,7 +2,7 @@
 #ifndef TIDEWELL_PLATFORM_KERNEL_CALL_H
 #define TIDEWELL_PLATFORM_KERNEL_CALL_H
 
-#include "../pc/pc.h"
+#include "pc/pc.h"
 
 #include <windows.h>
 
@@ -23,7 +23,7 @@ class Call {
 
     // The error planned for this call, or 0. Asked once a call.
     pc::Error fault() { return pc_ != nullptr ? pc_->faults().onCall(name_, subject_) : 0; }
-    pc::Error memoryFault() { return pc_ != nullptr ? pc_->faults().onMemoryCall(name_, subject_) : 0; }
+    pc::Error memoryFault() { return pc_ != nullptr ? pc_->faults().onMemoryCall(name_) : 0; }
     size_t transferable(size_t count) {
         return pc_ != nullptr ? pc_->faults().onTransfer(name_, subject_, count) : count;
     }

@@ -1,10 +1,12 @@
 // Native builds: the Win32 names, for the library to link with.
 #include "kernel.h"
+#include "pc/system_lock.h"
 
 extern "C" {
 
 #define PC_CALL(kind, result, name, stackBytes, parameters, arguments) \
     result name parameters {                                           \
+        const pc::SystemLock lock;                                     \
         return kernel::name arguments;                                 \
     }
 #include "../include/win32_calls.inc"

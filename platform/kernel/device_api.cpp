@@ -3,7 +3,6 @@
 #include "kernel.h"
 #include "open_file.h"
 
-#include <memory>
 #include <span>
 
 namespace kernel {
@@ -20,12 +19,10 @@ BOOL DeviceIoControl(HANDLE handle, DWORD code, LPVOID input, DWORD inputSize, L
         return call.end(ERROR_INVALID_PARAMETER);
     *returned = 0;
     pc::Error error = call.fault();
-    if (error == 0 && file->device == nullptr) error = ERROR_INVALID_FUNCTION;
     if (error != 0) return call.end(error);
-    const std::shared_ptr<pc::Device> device = file->device;
     size_t size = 0;
-    error = device->control(code, {static_cast<const uint8_t*>(input), inputSize},
-                            {static_cast<uint8_t*>(output), outputSize}, size);
+    error = file->file->control(code, {static_cast<const uint8_t*>(input), inputSize},
+                                {static_cast<uint8_t*>(output), outputSize}, size);
     *returned = static_cast<DWORD>(size);
     return call.end(error);
 }

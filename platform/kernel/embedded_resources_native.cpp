@@ -1,6 +1,6 @@
 #include "embedded_resources.h"
 
-#include "../pc/code_page.h"
+#include "pc/names/code_page.h"
 
 #include <windows.h>
 

@@ -1,61 +1,50 @@
 // Files by handle.
-#include "../pc/letter_case.h"
 #include "call.h"
 #include "kernel.h"
 #include "open_file.h"
 #include "pc_path.h"
 
 #include <functional>
-#include <limits>
 #include <utility>
 
 namespace kernel {
 
 namespace {
 
-bool truncates(DWORD disposition) {
-    return disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING;
-}
-
-// Not of an empty file: a host may take that for the replacing of one, and write the new one out at the
-// close.
-pc::Error empty(pc::File& file) {
-    uint64_t size = 0;
-    const pc::Error error = file.size(size);
-    return error == 0 && size != 0 ? file.setSize(0) : error;
-}
-
-HANDLE addHandle(const std::string& path, const pc::OpenMode& mode, pc::Opened opened,
-                 std::shared_ptr<pc::Device> device) {
+HANDLE addHandle(const std::string& path, const pc::OpenMode& mode, pc::Opened opened, const PcPath& target) {
     pc::Pc& pc = *pc::Pc::current();
     const uintptr_t value = pc.newHandle();
-    pc.openFiles()[value] =
-        pc::OpenFile{path, mode, std::move(opened.identity), std::move(opened.file), std::move(device), 0};
+    pc.openFiles()[value] = pc::OpenFile{path,          mode,          std::move(opened.identity), target.device,
+                                         target.volume, target.inside, std::move(opened.file),     0};
     return reinterpret_cast<HANDLE>(value);
 }
 
-pc::Error openDevice(const std::string& path, std::shared_ptr<pc::Device> device, const pc::OpenMode& mode,
-                     HANDLE& handle) {
-    pc::Opened opened{pc::makeDeviceFile(), pc::upperCase(path), false};
+// Who may not share a device is refused before it is opened: an opening can have its effect on the device.
+pc::Error openDevice(const PcPath& target, const pc::OpenMode& mode, pc::Opened& opened) {
+    opened.identity = "\\\\.\\" + std::to_string(reinterpret_cast<uintptr_t>(target.device.get()));
     const pc::Error error = pc::Pc::current()->checkSharing(opened.identity, mode);
-    if (error == 0) handle = addHandle(path, mode, std::move(opened), std::move(device));
+    return error == 0 ? target.device->open(mode, opened.file) : error;
+}
+
+pc::Error openOnVolume(const PcPath& target, const pc::OpenMode& mode, pc::Opened& opened) {
+    const bool query = !mode.read && !mode.write;
+    pc::Error error = query ? target.volume->openForQuery(target.inside, opened)
+                            : target.volume->open(target.inside, mode, opened);
+    if (error == 0) error = pc::Pc::current()->checkSharing(opened.identity, mode);
+    if (error == 0 && !query && !opened.created)
+        error = target.volume->truncate(target.inside, mode.disposition, *opened.file);
     return error;
 }
 
 pc::Error openFile(const std::string& path, const pc::OpenMode& mode, HANDLE& handle) {
     PcPath target;
-    pc::Error error = findPath(path.c_str(), target);
-    if (error != 0) return error;
-    if (target.device != nullptr) return openDevice(path, std::move(target.device), mode, handle);
     pc::Opened opened;
-    const bool query = !mode.read && !mode.write;
-    error = query ? target.volume->openForQuery(target.inside, opened)
-                  : target.volume->open(target.inside, mode, opened);
-    if (error != 0) return error;
-    error = pc::Pc::current()->checkSharing(opened.identity, mode);
-    const bool truncate = !query && !opened.created && truncates(mode.disposition);
-    if (error == 0 && truncate) error = empty(*opened.file);
-    if (error == 0) handle = addHandle(path, mode, std::move(opened), nullptr);
+    pc::Error error = findPath(path.c_str(), target);
+    if (error == 0) {
+        error =
+            target.device != nullptr ? openDevice(target, mode, opened) : openOnVolume(target, mode, opened);
+    }
+    if (error == 0) handle = addHandle(path, mode, std::move(opened), target);
     return error;
 }
 
@@ -153,10 +142,9 @@ BOOL GetFileInformationByHandle(HANDLE handle, LPBY_HANDLE_FILE_INFORMATION info
     pc::Error error = call.fault();
     uint64_t size = 0;
     if (error == 0) error = file->file->size(size);
-    PcPath target;
     uint32_t bits = 0;
-    if (error == 0) error = findFile(file->path.c_str(), target);
-    if (error == 0) error = target.volume->attributes(target.inside, bits);
+    if (error == 0 && file->volume == nullptr) error = ERROR_INVALID_FUNCTION;
+    if (error == 0) error = file->volume->attributes(file->inside, bits);
     if (error != 0) return call.end(error);
     const uint64_t index = std::hash<std::string>()(file->identity);
     *information = {};
@@ -185,9 +173,8 @@ BOOL CloseHandle(HANDLE handle) {
     Call call("CloseHandle", path);
     if (file == nullptr) return call.end(ERROR_INVALID_HANDLE);
     pc::Error error = file->mode.write ? call.fault() : 0;
-    const pc::Error closed = file->file->close();
+    const pc::Error closed = pc::Pc::current()->close(reinterpret_cast<uintptr_t>(handle));
     if (error == 0) error = closed;
-    pc::Pc::current()->openFiles().erase(reinterpret_cast<uintptr_t>(handle));
     return call.end(error);
 }
 

@@ -1,5 +1,5 @@
 // Native builds: the common dialogs' title of a file.
-#include "../pc/code_page.h"
+#include "pc/names/code_page.h"
 
 #include <commdlg.h>
 

@@ -1,6 +1,6 @@
 #include "full_path.h"
 
-#include "../pc/letter_case.h"
+#include "pc/names/letter_case.h"
 
 #include <windows.h>
 

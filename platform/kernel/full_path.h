@@ -2,7 +2,7 @@
 #ifndef TIDEWELL_PLATFORM_KERNEL_FULL_PATH_H
 #define TIDEWELL_PLATFORM_KERNEL_FULL_PATH_H
 
-#include "../pc/pc.h"
+#include "pc/pc.h"
 
 #include <string>
 #include <string_view>

@@ -1,5 +1,5 @@
 // Files and volumes by path.
-#include "../pc/utf8.h"
+#include "pc/names/utf8.h"
 #include "call.h"
 #include "full_path.h"
 #include "kernel.h"

@@ -1,6 +1,6 @@
 #include "pc_path.h"
 
-#include "../pc/utf8.h"
+#include "pc/names/utf8.h"
 #include "full_path.h"
 #include "kernel.h"
 

@@ -2,7 +2,7 @@
 #ifndef TIDEWELL_PLATFORM_KERNEL_PC_PATH_H
 #define TIDEWELL_PLATFORM_KERNEL_PC_PATH_H
 
-#include "../pc/pc.h"
+#include "pc/pc.h"
 
 #include <windows.h>
 

@@ -4,8 +4,6 @@
 
 #include <shlobj.h>
 
-#include <utility>
-
 namespace kernel {
 
 namespace {
@@ -49,12 +47,6 @@ UINT GetACP() {
 
 BOOL IsDBCSLeadByte(BYTE byte) {
     return pc::isLeadByte(pc::ansiCodePage(), byte) ? TRUE : FALSE;
-}
-
-UINT SetErrorMode(UINT mode) {
-    const Call call("SetErrorMode", {}, mode);
-    pc::Pc* const pc = pc::Pc::current();
-    return pc != nullptr ? std::exchange(pc->errorMode, mode) : 0;
 }
 
 void GetSystemTimeAsFileTime(FILETIME* time) {

@@ -1,4 +1,4 @@
-#include "clock.h"
+#include "pc/clock.h"
 
 #include <chrono>
 

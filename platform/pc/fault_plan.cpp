@@ -1,10 +1,8 @@
-#include "fault_plan.h"
+#include "pc/fault_plan.h"
+
+#include <windows.h>
 
 namespace pc {
-
-namespace {
-constexpr uint32_t kNotEnoughMemory = 8;
-}
 
 void FaultPlan::plan(Kind kind, int n, uint32_t error) {
     kind_ = kind;
@@ -13,39 +11,45 @@ void FaultPlan::plan(Kind kind, int n, uint32_t error) {
     hit_ = false;
     injected_ = 0;
     hitCall_.clear();
+    hitSubject_.clear();
 }
 
-bool FaultPlan::strikes(const char* name, std::string_view subject) {
+void FaultPlan::failAlways(std::string_view call, std::string_view subject, uint32_t error) {
+    plan(Kind::always, 0, error);
+    hitCall_ = call;
+    hitSubject_ = subject;
+}
+
+// Once the count is down, what the fault persists in is hit again.
+bool FaultPlan::strikes(std::string_view call, std::string_view subject) {
+    if (hit_ || kind_ == Kind::always) {
+        const bool same = call == hitCall_ && subject == hitSubject_;
+        const bool named = kind_ == Kind::fromCall || kind_ == Kind::always;
+        const bool again = kind_ == Kind::memory || kind_ == Kind::power || (named && same);
+        hit_ = hit_ || again;
+        return again;
+    }
     if (left_ == 0 || --left_ > 0) return false;
     hit_ = true;
-    hitCall_ = name;
+    hitCall_ = call;
     hitSubject_ = subject;
     return true;
 }
 
-uint32_t FaultPlan::onCall(const char* name, std::string_view subject) {
-    if (kind_ == Kind::always && alwaysCall_ == name && alwaysSubject_ == subject) {
-        hit_ = true;
-        hitCall_ = name;
-        hitSubject_ = subject;
-        return injected_ = error_;
-    }
-    if (kind_ != Kind::call || !strikes(name, subject)) return 0;
+uint32_t FaultPlan::onCall(std::string_view call, std::string_view subject) {
+    const bool counts = kind_ != Kind::none && kind_ != Kind::transfer && kind_ != Kind::memory;
+    if (!counts || !strikes(call, subject)) return 0;
     injected_ = error_;
     return error_;
 }
 
-uint32_t FaultPlan::onMemoryCall(const char* name, std::string_view subject) {
-    if (kind_ == Kind::call) return onCall(name, subject) != 0 ? injected_ = kNotEnoughMemory : 0;
-    if (kind_ != Kind::memory) return 0;
-    if (!hit_ && !strikes(name, subject)) return 0;
-    injected_ = kNotEnoughMemory;
-    return kNotEnoughMemory;
+uint32_t FaultPlan::onMemoryCall(std::string_view call) {
+    const bool struck = kind_ == Kind::memory ? strikes(call, {}) : onCall(call, {}) != 0;
+    return struck ? injected_ = ERROR_NOT_ENOUGH_MEMORY : 0;
 }
 
-size_t FaultPlan::onTransfer(const char* name, std::string_view subject, size_t count) {
-    if (kind_ != Kind::transfer || count < 2 || !strikes(name, subject)) return count;
-    return count / 2;
+size_t FaultPlan::onTransfer(std::string_view call, std::string_view subject, size_t count) {
+    return kind_ == Kind::transfer && count >= 2 && strikes(call, subject) ? count / 2 : count;
 }
 
 }  // namespace pc

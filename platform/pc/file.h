@@ -1,10 +1,11 @@
-// An open file of the PC, whatever kind of volume it lies on.
+// Something open on the PC: a file of a volume of any kind, or a device.
 #ifndef TIDEWELL_PLATFORM_PC_FILE_H
 #define TIDEWELL_PLATFORM_PC_FILE_H
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 
 namespace pc {
@@ -20,23 +21,32 @@ struct OpenMode {
     uint32_t disposition = 3;  // OPEN_EXISTING
 };
 
-// One opened stream of bytes. Positions are the caller's; every transfer names its offset.
+// One opened stream of bytes. Positions are the caller's; every transfer names its offset. What an opening
+// does not have gives 1.
 class File {
   public:
     virtual ~File() = default;
 
     // Reads up to `count` bytes; `got` receives how many there were (fewer only at the end of the file).
-    virtual Error read(uint64_t offset, void* buffer, size_t count, size_t& got) = 0;
+    virtual Error read(uint64_t offset, void* buffer, size_t count, size_t& got);
 
     // Writes `count` bytes, extending the file; a gap before `offset` reads as zeros.
     // 112 when the volume is full.
-    virtual Error write(uint64_t offset, const void* buffer, size_t count) = 0;
+    virtual Error write(uint64_t offset, const void* buffer, size_t count);
 
-    virtual Error size(uint64_t& bytes) = 0;
-    virtual Error setSize(uint64_t bytes) = 0;
+    virtual Error size(uint64_t& bytes);
+    virtual Error setSize(uint64_t bytes);
 
     // Everything written so far is on the host's disk.
-    virtual Error flush() = 0;
+    virtual Error flush();
+
+    // Answers one request to a device. `output` has the room that the caller gave, of which the first
+    // `returned` bytes are the reply; 0 when the request fails.
+    virtual Error control(uint32_t code, std::span<const uint8_t> input, std::span<uint8_t> output,
+                          size_t& returned);
+
+    // The locks of a device that were taken through this opening and not released.
+    virtual unsigned locks() const { return 0; }
 
     // Ends the use of the file; tells of what the host could not keep of the bytes it had taken. A file that
     // is destroyed without it is closed in silence.

@@ -1,4 +1,4 @@
-#include "journal.h"
+#include "pc/journal.h"
 
 #include <algorithm>
 

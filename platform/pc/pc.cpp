@@ -1,8 +1,9 @@
-#include "pc.h"
+#include "pc/pc.h"
 
-#include "letter_case.h"
-#include "utf8.h"
+#include "pc/names/letter_case.h"
+#include "pc/names/utf8.h"
 
+#include <atomic>
 #include <cctype>
 #include <utility>
 
@@ -12,7 +13,7 @@ namespace pc {
 
 namespace {
 
-Pc* currentPc = nullptr;
+std::atomic<Pc*> currentPc = nullptr;
 
 // Handle values that Windows' own, small multiples of 4, never reach.
 constexpr uintptr_t kFirstHandle = 0x5D000000;
@@ -29,7 +30,7 @@ bool forbids(uint32_t share, const OpenMode& mode) {
 }  // namespace
 
 Pc::Pc(Platform platform)
-    : platform_(platform), previous_(std::exchange(currentPc, this)), lastHandle_(kFirstHandle) {}
+    : platform_(platform), previous_(currentPc.exchange(this)), lastHandle_(kFirstHandle) {}
 
 Pc::~Pc() {
     currentPc = previous_;
@@ -39,8 +40,8 @@ Pc* Pc::current() {
     return currentPc;
 }
 
-void Pc::addDrive(char letter, unsigned type, std::unique_ptr<Volume> volume) {
-    drives_[letter] = Drive{type, std::move(volume)};
+void Pc::addDrive(char letter, std::unique_ptr<Volume> volume) {
+    drives_[letter] = Drive{std::move(volume)};
 }
 
 Drive* Pc::drive(char letter) {
@@ -92,6 +93,22 @@ Error Pc::checkSharing(const std::string& identity, const OpenMode& mode) const 
         if (forbids(open.mode.share, mode) || forbids(mode.share, open.mode)) return ERROR_SHARING_VIOLATION;
     }
     return 0;
+}
+
+Error Pc::close(uintptr_t handle) {
+    const auto found = openFiles_.find(handle);
+    const Error error = found->second.file->close();
+    forgottenLocks_ += found->second.file->locks();
+    openFiles_.erase(found);
+    return error;
+}
+
+void Pc::cutPower(PowerCut cut) {
+    openFiles_.clear();
+    for (auto& [letter, drive] : drives_) {
+        if (drive.volume != nullptr) drive.volume->losePower(cut);
+    }
+    faults_.restorePower();
 }
 
 }  // namespace pc

@@ -2,12 +2,12 @@
 #ifndef TIDEWELL_PLATFORM_PC_PC_H
 #define TIDEWELL_PLATFORM_PC_PC_H
 
-#include "clock.h"
-#include "code_page.h"
-#include "device.h"
-#include "fault_plan.h"
-#include "journal.h"
-#include "volume.h"
+#include "pc/clock.h"
+#include "pc/names/code_page.h"
+#include "pc/devices/device.h"
+#include "pc/fault_plan.h"
+#include "pc/journal.h"
+#include "pc/volumes/volume.h"
 
 #include <map>
 #include <memory>
@@ -20,7 +20,6 @@ namespace pc {
 enum class Platform { nt, windows95, windows98 };
 
 struct Drive {
-    unsigned type;                   // DRIVE_FIXED ...
     std::unique_ptr<Volume> volume;  // null: no medium
 };
 
@@ -29,12 +28,15 @@ struct OpenFile {
     std::string path;  // as the library gave it
     OpenMode mode;     // neither reading nor writing for a query of attributes
     std::string identity;
+    std::shared_ptr<Device> device;  // which outlives its openings, or null
+    Volume* volume = nullptr;        // null for a device
+    std::string inside;              // the file's path of the volume
     std::unique_ptr<File> file;
-    std::shared_ptr<Device> device;  // null for a file of a volume
     uint64_t position = 0;
 };
 
-// The newest living PC is the current one, which the kernel works on.
+// The newest living PC is the current one, which the kernel works on. Kernel calls come from any thread; a
+// test that calls the PC itself has no others under way.
 class Pc {
   public:
     explicit Pc(Platform platform = Platform::nt);
@@ -46,7 +48,7 @@ class Pc {
 
     Platform platform() const { return platform_; }
 
-    void addDrive(char letter, unsigned type, std::unique_ptr<Volume> volume);
+    void addDrive(char letter, std::unique_ptr<Volume> volume);
     // Null when there is no such drive.
     Drive* drive(char letter);
 
@@ -80,7 +82,8 @@ class Pc {
     FaultPlan& faults() { return faults_; }
     Clock& clock() { return clock_; }
 
-    unsigned errorMode = 0;
+    // Every handle is gone, and of the volumes what was not flushed. They can be looked at again.
+    void cutPower(PowerCut cut = PowerCut::keepsNames);
 
     // The handles the library holds.
     std::map<uintptr_t, OpenFile>& openFiles() { return openFiles_; }
@@ -88,12 +91,14 @@ class Pc {
     static bool isHandle(uintptr_t handle);
     // 32 when an open file forbids `mode` on `identity`, or `mode` forbids what is open.
     Error checkSharing(const std::string& identity, const OpenMode& mode) const;
+    // The handle is gone whatever is told.
+    Error close(uintptr_t handle);
 
     // The memory the library holds.
     std::set<void*>& memory() { return memory_; }
 
-    // Every handle is closed and all memory given back.
-    bool nothingHeld() const { return openFiles_.empty() && memory_.empty(); }
+    // Every handle is closed, every lock was released before its handle was closed, all memory given back.
+    bool nothingHeld() const { return openFiles_.empty() && memory_.empty() && forgottenLocks_ == 0; }
 
   private:
     Platform platform_;
@@ -110,6 +115,7 @@ class Pc {
     Clock clock_;
     std::map<uintptr_t, OpenFile> openFiles_;
     uintptr_t lastHandle_;
+    unsigned forgottenLocks_ = 0;
     std::set<void*> memory_;
 };
 

@@ -38,7 +38,7 @@ struct BinHexBlocks {
 };
 
 // Reads as far as the next multiple of a block. At the end of the file, `next` is `end`. The system's error,
-// or 38 when the file is shorter than it was.
+// or ERROR_HANDLE_EOF when the file is shorter than it was.
 ErrorCode ReadBinHexBlock(BinHexBlocks& blocks);
 
 }  // namespace tidewell

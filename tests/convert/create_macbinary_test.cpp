@@ -6,8 +6,6 @@
 
 #include <doctest/doctest.h>
 
-#include <filesystem>
-
 using namespace tidewell;
 
 namespace {
@@ -103,7 +101,7 @@ TEST_CASE("A source never becomes its own output") {
     const std::string ntfs = "N:\\A long name.bin";
     writeMacFile(mac, file);
     writeMacFile(ntfs, file);
-    std::filesystem::create_hard_link(pc.hostFolder('M') + "/file.bin", pc.hostFolder('M') + "/link");
+    pc.folder().link("M/file.bin", "M/link");
     for (const char* output : {"M:\\file.bin", "M:\\link"})
         CHECK_MESSAGE(createFrom(mac, output) == ERROR_SHARING_VIOLATION, output);
     for (const char* output : {"N:\\A long name.bin", "N:\\a LONG name.BIN", "N:\\ALONGN~1.BIN"})
@@ -122,7 +120,7 @@ TEST_CASE("A fork of 4 GB or more is refused rather than cut") {
     writeMacFile("M:\\file", {});
     const ForkPathsOf paths("M:\\file");
     for (const uint64_t size : {uint64_t{0xFFFFFFFF}, uint64_t{0x100000000}}) {
-        std::filesystem::resize_file(pc.hostFolder('M') + "/file", size);  // a hole, not bytes
+        pc.folder().resize("M/file", size);
         const HANDLE large =
             CreateFileA("M:\\file", GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
         MacBinaryHeader header;

@@ -7,7 +7,6 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <random>
 
 using namespace tidewell;
@@ -297,7 +296,7 @@ TEST_CASE("A text beyond 4 GB, and one that has changed since it was looked thro
     TestPc pc;
     const uint64_t beyond = 0x1FFFFFFFEu;
     const auto decodedAt = [&pc](const std::string& text, ErrorCode wanted, uint64_t start) {
-        std::filesystem::resize_file(pc.hostFolder('F') + "/large", start);  // a hole, not bytes
+        pc.folder().resize("F/large", start);
         const HANDLE file = CreateFileA("F:\\large", GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
                                         FILE_ATTRIBUTE_NORMAL, nullptr);
         SetFilePointer(file, 0, nullptr, FILE_END);
@@ -326,7 +325,9 @@ TEST_CASE("Lengths that lie take neither memory nor time") {
             (inData ? file.claimedData : file.claimedResource) = length;
             CHECK(extractBytes(binHexFile(file), ".hqx", 'M') == ERROR_HANDLE_EOF);
             CHECK(!exists("M:\\Test"));
-            CHECK(pc.journal().countOn("CreateFileA", inData ? "M:\\Test" : "Test\\{4DD19183-ACE2-11CF-BBF2-444553540000}") == 0);
+            CHECK(pc.journal().countOn(
+                      "CreateFileA", inData ? "M:\\Test" : "Test\\{4DD19183-ACE2-11CF-BBF2-444553540000}") ==
+                  0);
             CHECK(memoryTaken(pc) < kMemory);
         }
     }

@@ -13,7 +13,7 @@ using namespace tidewell;
 namespace {
 
 // Keeps the last request it was sent.
-class Recorder final : public pc::Device {
+class Recorder final : public pc::ControlDevice {
   public:
     Bytes request;
     // The reply's name, UTF-16.

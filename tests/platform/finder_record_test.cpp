@@ -1,8 +1,8 @@
 // The Finder information that the Mac volume gives of what it holds.
-#include "pc/finder_record.h"
+#include "pc/volumes/finder_record.h"
 
-#include "pc/host_name.h"
-#include "pc/utf8.h"
+#include "pc/names/host_name.h"
+#include "pc/names/utf8.h"
 #include "support/volume_files.h"
 
 #include <doctest/doctest.h>

@@ -1,15 +1,34 @@
 // What only a POSIX host has: links, FIFOs, permissions.
-#include "pc/host_name.h"
+#include "pc/names/host_name.h"
 #include "support/volume_files.h"
 
 #include <doctest/doctest.h>
 
+#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-struct HostFolder : MacFolder {
+// A folder of the machine that lives as long as a test.
+struct TempFolder : HostFolder {
+    TempFolder() : HostFolder(pc::nativeHost(), made()) {}
+    ~TempFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path(), ignored);
+    }
+    static std::string made() {
+        std::string name = (std::filesystem::temp_directory_path() / "tidewell-test-XXXXXX").string();
+        REQUIRE(::mkdtemp(name.data()) != nullptr);
+        return std::filesystem::canonical(name).string();
+    }
+};
+
+struct NativeVolume {
+    TempFolder folder;
+    std::unique_ptr<pc::Volume> volume = pc::makeMacVolume(folder.host(), folder.path());
+
+    std::string recordOf(const std::string& item) const { return contentsOf(*volume, item + kFinderFile); }
     void link(const char* target, const char* name) const {
         REQUIRE(::symlink(target, folder.path(name).c_str()) == 0);
     }
@@ -25,7 +44,7 @@ struct HostFolder : MacFolder {
 
 }  // namespace
 
-TEST_CASE_FIXTURE(HostFolder, "what is no regular file is never opened") {
+TEST_CASE_FIXTURE(NativeVolume, "what is no regular file is never opened") {
     folder.write("a", "");
     for (const char* fifo : {"fifo", "._a"})
         REQUIRE(::mkfifo(folder.path(fifo).c_str(), 0600) == 0);
@@ -44,7 +63,7 @@ TEST_CASE_FIXTURE(HostFolder, "what is no regular file is never opened") {
     CHECK(openError(*volume, std::string("a") + kFinderFile) == 5);
 }
 
-TEST_CASE_FIXTURE(HostFolder, "all links to a file are one file") {
+TEST_CASE_FIXTURE(NativeVolume, "all links to a file are one file") {
     folder.write("a", "1");
     REQUIRE(::link(folder.path("a").c_str(), folder.path("hard").c_str()) == 0);
     link("a", "soft");
@@ -57,7 +76,7 @@ TEST_CASE_FIXTURE(HostFolder, "all links to a file are one file") {
     CHECK_FALSE(folder.has("nowhere"));
 }
 
-TEST_CASE_FIXTURE(HostFolder, "permissions show as attributes and are kept") {
+TEST_CASE_FIXTURE(NativeVolume, "permissions show as attributes and are kept") {
     folder.write("a", "");
     setMode("a", 0640);
     REQUIRE(changeFinderInfo(*volume, "a", "TEXTttxt") == 0);
@@ -73,7 +92,7 @@ TEST_CASE_FIXTURE(HostFolder, "permissions show as attributes and are kept") {
     CHECK(folder.has("._a"));
 }
 
-TEST_CASE_FIXTURE(HostFolder, "names of any bytes are reached") {
+TEST_CASE_FIXTURE(NativeVolume, "names of any bytes are reached") {
     const std::string name = "caf\x8E \xFF";
     folder.write(name, "1");
     CHECK(contentsOf(*volume, pc::windowsNameOf(name)) == "1");

@@ -1,5 +1,5 @@
 // The Mac volume driver, asked by the library: Mac names to items of a folder, whatever the name.
-#include "pc/mac_volume_driver.h"
+#include "pc/devices/mac_volume_driver.h"
 
 #include "support/mac_names.h"
 #include "support/test_pc.h"
@@ -52,10 +52,8 @@ TEST_CASE_FIXTURE(DriverPc, "Mac names go to host names and come back") {
         CHECK(find(name) == made);
         CHECK(macNameOf(made.path) == name.substr(0, 31));
     }
-#ifndef _WIN32
     CHECK(folder().has("M/Read Me: part"));
     CHECK(folder().has("M/What? \"x\" <a|b>*\\"));
-#endif
     CHECK(folder().has("M/R\u00E9sum\u00E9 \u2211\uF8FF"));
     // A folder is an item, but no file.
     CHECK(find("Work").error == 0);
@@ -118,13 +116,11 @@ TEST_CASE_FIXTURE(DriverPc, "Host names are found as macOS writes them, and by t
     CHECK(create("R\x8Esum\x8E", "M:\\Work") == found);
     CHECK(askUnicode("M:\\Work", u"Re\u0301sume\u0301") == found);
     CHECK(folder().names("M/Work").size() == 2);
-#ifndef _WIN32
     folder().write("M/\u65E5:\U0001F4BE", "");
     CHECK(askUnicode("M:\\", u"\u65E5/\U0001F4BE").error == 0);
     CHECK(askUnicode("M:\\", u"\u65E5/").error == 2);
     // The stand-in for ":" leads to the file whose name holds the ":".
     CHECK(askUnicode("M:\\", u"\u65E5\uF022\U0001F4BE").error == 0);
-#endif
 }
 
 TEST_CASE_FIXTURE(DriverPc, "What Windows programs could not name, or the disk cannot hold, is not made") {
@@ -143,7 +139,8 @@ TEST_CASE_FIXTURE(DriverPc, "What Windows programs could not name, or the disk c
 }
 
 TEST_CASE_FIXTURE(DriverPc, "The drive mask shows the Mac volumes; a malformed request is refused") {
-    const std::shared_ptr<pc::Device> driver = device("TIDEWELL");
+    std::unique_ptr<pc::File> driver;
+    REQUIRE(device("TIDEWELL")->open({}, driver) == 0);
     Bytes reply(513);
     size_t size = 0;
     REQUIRE(driver->control(0x0022200B, {}, std::span(reply).first(16), size) == 0);

@@ -1,8 +1,7 @@
-#include "pc/host_name.h"
-#include "pc/mac_name.h"
-#include "pc/mac_roman.h"
-#include "pc/reserved_characters.h"
-#include "pc/utf8.h"
+#include "pc/names/host_name.h"
+#include "pc/names/mac_host_name.h"
+#include "pc/names/mac_roman.h"
+#include "pc/names/utf8.h"
 
 #include <doctest/doctest.h>
 
@@ -27,18 +26,18 @@ TEST_CASE("UTF-8 and UTF-16 give each other back, and broken bytes are told or k
 TEST_CASE("what Windows reserves is replaced and restored") {
     const std::string reserved = "a\"b*c:d<e>f?g\\h|\x01\x1F";
     const std::string replaced = "a\uF020b\uF021c\uF022d\uF023e\uF024f\uF025g\uF026h\uF027\uF001\uF01F";
-    CHECK(restoreReserved(replaced) == reserved);
+    CHECK(hostNameOf(replaced) == reserved);
     CHECK(windowsNameOf(reserved) == replaced);
     // A blank or period only at the end.
-    CHECK(replaceReserved("a. b.") == "a. b\uF029");
-    CHECK(replaceReserved(" .a ") == " .a\uF028");
-    CHECK(restoreReserved("\uF028a\uF029") == "\uF028a.");
+    CHECK(windowsNameOf("a. b.") == "a. b\uF029");
+    CHECK(windowsNameOf(" .a ") == " .a\uF028");
+    CHECK(hostNameOf("\uF028a\uF029") == "\uF028a.");
     // No name becomes the folder itself or the one above.
-    CHECK(restoreReserved("\uF029") == "\uF029");
-    CHECK(restoreReserved(".\uF029") == ".\uF029");
+    CHECK(hostNameOf("\uF029") == "\uF029");
+    CHECK(hostNameOf(".\uF029") == ".\uF029");
     // Bytes that are no UTF-8 stay.
-    CHECK(replaceReserved("\x83\x5C\xFF") == "\x83\uF026\xFF");
-    CHECK(restoreReserved("\xEF\x80") == "\xEF\x80");
+    CHECK(windowsNameOf("\x83\x5C\xFF") == "\x83\uF026\xFF");
+    CHECK(hostNameOf("\xEF\x80") == "\xEF\x80");
 }
 
 TEST_CASE("Mac Roman has a character for every byte, and what it lacks becomes _") {

@@ -1,5 +1,4 @@
 // The volumes that stand in for those of Windows, as far as the library and its tests rely on them.
-#include "support/temp_folder.h"
 #include "support/volume_files.h"
 
 #include <doctest/doctest.h>
@@ -7,9 +6,9 @@
 namespace {
 
 struct PlainVolumes {
-    TempFolder folder;
-    std::unique_ptr<pc::Volume> fat = pc::makeFatVolume(folder.path());
-    std::unique_ptr<pc::Volume> ntfs = pc::makeNtfsVolume(folder.path());
+    MemoryFolder folder{"/Volume"};
+    std::unique_ptr<pc::Volume> fat = pc::makeFatVolume(folder.host(), folder.path());
+    std::unique_ptr<pc::Volume> ntfs = pc::makeNtfsVolume(folder.host(), folder.path());
 };
 
 }  // namespace
@@ -18,7 +17,7 @@ TEST_CASE_FIXTURE(PlainVolumes, "paths lead to files in any case, and never out 
     folder.makeFolder("root/Sub");
     folder.write("secret", "1");
     folder.write("root/in", "2");
-    fat = pc::makeFatVolume(folder.path("root"));
+    fat = pc::makeFatVolume(folder.host(), folder.path("root"));
     const struct {
         const char* path;
         uint32_t disposition;

@@ -2,11 +2,10 @@
 
 #include "macfile/finder_info.h"
 #include "module/module_state.h"
-#include "pc/mac_volume_driver.h"
+#include "pc/devices/mac_volume_driver.h"
 #include "support/scripted_user.h"
 
 #include <cstring>
-#include <filesystem>
 #include <stdexcept>
 #include <tuple>
 
@@ -36,11 +35,11 @@ auto fieldsOf(Fields& of) {
 }  // namespace
 
 TestPc::TestPc(pc::Platform platform) : Pc(platform) {
-    for (const char letter : {'F', 'N', 'M'})
-        std::filesystem::create_directory(hostFolder(letter));
-    addDrive('F', DRIVE_FIXED, pc::makeFatVolume(hostFolder('F')));
-    addDrive('N', DRIVE_FIXED, pc::makeNtfsVolume(hostFolder('N')));
-    addDrive('M', DRIVE_FIXED, pc::makeMacVolume(hostFolder('M')));
+    for (const char* const letter : {"F", "N", "M"})
+        folder_.makeFolder(letter);
+    addDrive('F', pc::makeFatVolume(folder_.host(), "/F"));
+    addDrive('N', pc::makeNtfsVolume(folder_.host(), "/N"));
+    addDrive('M', pc::makeMacVolume(folder_.host(), "/M"));
     tidewell::InitializeModuleState(GetModuleHandleA(nullptr));
     addDevice(pc::kMacVolumeDriverName, pc::makeMacVolumeDriver(*this));
     journal().clear();

@@ -1,11 +1,11 @@
-// A PC for tests with a volume of each kind: F: FAT, N: NTFS, M: a Mac volume, each in a folder of its own.
+// A PC for tests with a volume of each kind, all in memory: F: FAT, N: NTFS, M: a Mac volume.
 #ifndef TIDEWELL_TESTS_SUPPORT_TEST_PC_H
 #define TIDEWELL_TESTS_SUPPORT_TEST_PC_H
 
 #include "macfile/fork_paths.h"
 #include "pc/pc.h"
+#include "support/host_folder.h"
 #include "support/scripted_user.h"
-#include "support/temp_folder.h"
 
 #include <windows.h>
 
@@ -18,11 +18,13 @@ class TestPc : public pc::Pc {
     explicit TestPc(pc::Platform platform = pc::Platform::nt);
 
     // Holds the volumes' folders, named by their letters.
-    const TempFolder& folder() const { return folder_; }
-    std::string hostFolder(char letter) const { return folder_.path() + "/" + letter; }
+    const MemoryFolder& folder() const { return folder_; }
+
+    // What there is now is not lost with the power.
+    void flushAll() { folder_.memory().flushAll(); }
 
   private:
-    TempFolder folder_;
+    MemoryFolder folder_;
     const UserInCharge user_{&kScriptedUser};
 };
 

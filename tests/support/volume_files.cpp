@@ -1,6 +1,6 @@
 #include "support/volume_files.h"
 
-#include "pc/finder_record.h"
+#include "pc/volumes/finder_record.h"
 #include "support/archive_writer.h"
 
 pc::Error openFile(pc::Volume& volume, const std::string& path, uint32_t disposition, pc::Opened& opened) {
@@ -8,8 +8,7 @@ pc::Error openFile(pc::Volume& volume, const std::string& path, uint32_t disposi
     mode.read = mode.write = true;
     mode.disposition = disposition;
     const pc::Error error = volume.open(path, mode, opened);
-    const bool truncates = disposition == createAlways || disposition == truncateExisting;
-    return error == 0 && truncates ? opened.file->setSize(0) : error;
+    return error == 0 && !opened.created ? volume.truncate(path, disposition, *opened.file) : error;
 }
 
 pc::Error openError(pc::Volume& volume, const std::string& path, uint32_t disposition) {

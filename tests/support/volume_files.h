@@ -2,8 +2,8 @@
 #ifndef TIDEWELL_TESTS_SUPPORT_VOLUME_FILES_H
 #define TIDEWELL_TESTS_SUPPORT_VOLUME_FILES_H
 
-#include "pc/volume.h"
-#include "support/temp_folder.h"
+#include "pc/volumes/volume.h"
+#include "support/host_folder.h"
 
 #include <cstdint>
 #include <memory>
@@ -44,10 +44,10 @@ std::string appleDoubleHeader(const std::vector<RawEntry>& entries);
 // An AppleDouble file read by the format's rules: the bytes of an entry, "none" when there is none.
 std::string entryOf(const std::string& file, uint32_t id);
 
-// A folder of the host as a Mac volume.
+// A folder as a Mac volume.
 struct MacFolder {
-    TempFolder folder;
-    std::unique_ptr<pc::Volume> volume = pc::makeMacVolume(folder.path());
+    MemoryFolder folder{"/Volume"};
+    std::unique_ptr<pc::Volume> volume = pc::makeMacVolume(folder.host(), folder.path());
 
     // The Finder information of an item; of the root, which has no name.
     std::string recordOf(const std::string& item) const {

@@ -1,0 +1,315 @@
+#include "pc/host/memory_host.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstring>
+#include <ctime>
+
+namespace pc {
+
+namespace {
+
+constexpr uint64_t kBlock = 0x10000;
+constexpr size_t kLongestName = 255;
+
+// The bytes of a file. Blocks are shared with copies until they are written to; what no block has is 0, so
+// that a hole of gigabytes takes none.
+class Contents {
+  public:
+    uint64_t size() const { return size_; }
+
+    size_t read(uint64_t offset, void* buffer, size_t count) const {
+        if (offset >= size_) return 0;
+        count = static_cast<size_t>(std::min<uint64_t>(count, size_ - offset));
+        for (size_t done = 0; done < count;) {
+            const Piece piece(offset + done, count - done);
+            char* const to = static_cast<char*>(buffer) + done;
+            const auto found = blocks_.find(piece.block);
+            const size_t there = found == blocks_.end() || found->second->size() <= piece.start
+                                     ? 0
+                                     : std::min(found->second->size() - piece.start, piece.count);
+            if (there != 0) std::memcpy(to, found->second->data() + piece.start, there);
+            std::memset(to + there, 0, piece.count - there);
+            done += piece.count;
+        }
+        return count;
+    }
+
+    void write(uint64_t offset, const void* buffer, size_t count) {
+        for (size_t done = 0; done < count;) {
+            const Piece piece(offset + done, count - done);
+            std::string& block = ownBlock(piece.block);
+            if (block.size() < piece.start + piece.count) block.resize(piece.start + piece.count);
+            std::memcpy(block.data() + piece.start, static_cast<const char*>(buffer) + done, piece.count);
+            done += piece.count;
+        }
+        size_ = std::max(size_, offset + count);
+    }
+
+    void resize(uint64_t bytes) {
+        blocks_.erase(blocks_.lower_bound((bytes + kBlock - 1) / kBlock), blocks_.end());
+        const size_t tail = bytes % kBlock;
+        const auto last = blocks_.find(bytes / kBlock);
+        if (last != blocks_.end() && last->second->size() > tail) ownBlock(bytes / kBlock).resize(tail);
+        size_ = bytes;
+    }
+
+  private:
+    // The part of a transfer that lies in its first block.
+    struct Piece {
+        uint64_t block;
+        size_t start;
+        size_t count;
+
+        Piece(uint64_t offset, size_t left)
+            : block(offset / kBlock),
+              start(static_cast<size_t>(offset % kBlock)),
+              count(std::min<size_t>(left, kBlock - start)) {}
+    };
+
+    std::string& ownBlock(uint64_t index) {
+        std::shared_ptr<std::string>& block = blocks_[index];
+        if (block == nullptr) block = std::make_shared<std::string>();
+        if (block.use_count() > 1) block = std::make_shared<std::string>(*block);
+        return *block;
+    }
+
+    std::map<uint64_t, std::shared_ptr<std::string>> blocks_;
+    uint64_t size_ = 0;
+};
+
+}  // namespace
+
+struct MemoryHost::Node {
+    bool folder = false;
+    bool writable = true;
+    int64_t modified = std::time(nullptr);
+    // Files.
+    Contents now;
+    Contents flushed;
+    // Folders: the names that programs see, and those that a disk has which is ahead of the bytes, or behind.
+    Names names;
+    Names ahead;
+    Names behind;
+
+    void status(HostStatus& status) const {
+        status.kind = folder ? HostKind::folder : HostKind::file;
+        status.size = now.size();
+        status.device = "memory";
+        status.identity = std::to_string(reinterpret_cast<uintptr_t>(this));
+        status.ownerMayWrite = writable;
+        status.modified = modified;
+    }
+};
+
+class MemoryFile final : public HostFile {
+  public:
+    MemoryFile(MemoryHost& host, MemoryHost::NodeRef node, const HostAccess& access,
+               std::shared_ptr<SpaceLimit> space)
+        : HostFile(std::move(space)), host_(host), node_(std::move(node)), access_(access) {}
+
+    Error read(uint64_t offset, void* buffer, size_t count, size_t& got) override {
+        got = access_.read ? node_->now.read(offset, buffer, count) : 0;
+        return access_.read ? 0 : ERROR_ACCESS_DENIED;
+    }
+    Error size(uint64_t& bytes) override {
+        bytes = node_->now.size();
+        return 0;
+    }
+    Error flush() override {
+        host_.flush(node_);
+        return 0;
+    }
+    Error status(HostStatus& status) const override {
+        node_->status(status);
+        return 0;
+    }
+    void takePermissions(const std::string& path, bool ownerWrites) override {
+        HostStatus status;
+        if (host_.status(path, status) == 0) node_->writable = status.ownerMayWrite || ownerWrites;
+    }
+
+  protected:
+    Error writeAll(uint64_t offset, const void* buffer, size_t count) override {
+        if (!access_.write) return ERROR_ACCESS_DENIED;
+        node_->now.write(offset, buffer, count);
+        node_->modified = std::time(nullptr);
+        return 0;
+    }
+    Error resize(uint64_t bytes) override {
+        if (!access_.write) return ERROR_ACCESS_DENIED;
+        node_->now.resize(bytes);
+        return 0;
+    }
+
+  private:
+    MemoryHost& host_;
+    MemoryHost::NodeRef node_;
+    HostAccess access_;
+};
+
+MemoryHost::MemoryHost() : root_(std::make_shared<Node>()) {
+    root_->folder = true;
+}
+
+MemoryHost::~MemoryHost() = default;
+
+Error MemoryHost::find(std::string_view path, Place& place) const {
+    place = {root_, "", root_};
+    for (size_t start = 0; start < path.size();) {
+        const size_t end = std::min(path.find('/', start), path.size());
+        const std::string_view name = path.substr(start, end - start);
+        start = end + 1;
+        if (name.empty()) continue;
+        if (place.node == nullptr || !place.node->folder) return ERROR_PATH_NOT_FOUND;
+        if (name.size() > kLongestName) return ERROR_FILENAME_EXCED_RANGE;
+        const auto found = place.node->names.find(name);
+        const bool there = found != place.node->names.end();
+        place = {place.node, std::string(name), there ? found->second : nullptr};
+    }
+    return place.node != nullptr ? 0 : ERROR_FILE_NOT_FOUND;
+}
+
+Error MemoryHost::findFile(const std::string& path, Place& place) const {
+    const Error error = find(path, place);
+    return error == 0 && place.node->folder ? ERROR_ACCESS_DENIED : error;
+}
+
+Error MemoryHost::status(const std::string& path, HostStatus& status) {
+    Place place;
+    const Error error = find(path, place);
+    if (error == 0) place.node->status(status);
+    return error;
+}
+
+Error MemoryHost::list(const std::string& folder, std::vector<HostItem>& items) {
+    items.clear();
+    Place place;
+    const Error error = find(folder, place);
+    if (error != 0) return error;
+    if (!place.node->folder) return ERROR_PATH_NOT_FOUND;
+    for (const auto& [name, node] : place.node->names)
+        items.push_back({name, node->folder});
+    return 0;
+}
+
+Error MemoryHost::remove(const std::string& path) {
+    Place place;
+    const Error error = findFile(path, place);
+    if (error != 0) return error;
+    place.folder->names.erase(place.name);
+    place.folder->ahead.erase(place.name);
+    return 0;
+}
+
+Error MemoryHost::replace(const std::string& from, const std::string& to) {
+    Place source, target;
+    Error error = findFile(from, source);
+    if (error != 0) return error;
+    error = findFile(to, target);
+    if (error != 0 && error != ERROR_FILE_NOT_FOUND) return error;
+    for (Names Node::*const names : {&Node::names, &Node::ahead}) {
+        (source.folder.get()->*names).erase(source.name);
+        (target.folder.get()->*names)[target.name] = source.node;
+    }
+    return 0;
+}
+
+Error MemoryHost::move(const std::string& from, const std::string& to) {
+    Place target;
+    const Error error = find(to, target);
+    if (error == 0) return ERROR_FILE_EXISTS;
+    return error == ERROR_FILE_NOT_FOUND ? replace(from, to) : error;
+}
+
+Error MemoryHost::open(const std::string& path, const HostAccess& access, std::shared_ptr<SpaceLimit> space,
+                       std::unique_ptr<HostFile>& file) {
+    Place place;
+    Error error = findFile(path, place);
+    if (access.create && place.node != nullptr) return ERROR_FILE_EXISTS;
+    if (access.create && error == ERROR_FILE_NOT_FOUND) {
+        error = 0;
+        place.node = place.folder->names[place.name] = std::make_shared<Node>();
+    }
+    if (error == 0 && access.write && !place.node->writable) error = ERROR_ACCESS_DENIED;
+    if (error == 0) file = std::make_unique<MemoryFile>(*this, place.node, access, std::move(space));
+    return error;
+}
+
+void MemoryHost::makeFolder(const std::string& path) {
+    NodeRef folder = root_;
+    for (size_t start = 0; start < path.size();) {
+        const size_t end = std::min(path.find('/', start), path.size());
+        const std::string name = path.substr(start, end - start);
+        start = end + 1;
+        if (name.empty()) continue;
+        NodeRef& node = folder->names[name];
+        if (node == nullptr) node = std::make_shared<Node>();
+        node->folder = true;
+        folder->ahead[name] = folder->behind[name] = node;
+        folder = NodeRef(node);
+    }
+}
+
+Error MemoryHost::link(const std::string& existing, const std::string& path) {
+    Place source, target;
+    const Error error = findFile(existing, source);
+    if (error != 0) return error;
+    if (find(path, target) != ERROR_FILE_NOT_FOUND) return ERROR_FILE_EXISTS;
+    target.folder->names[target.name] = source.node;
+    flush(source.node);
+    return 0;
+}
+
+Error MemoryHost::setWritable(const std::string& path, bool writable) {
+    Place place;
+    const Error error = findFile(path, place);
+    if (error == 0) place.node->writable = writable;
+    return error;
+}
+
+// A stream, which a ":" in its name tells, is kept in the record of its file: that has its name then, too.
+void MemoryHost::flush(const NodeRef& file) {
+    file->flushed = file->now;
+    std::vector<NodeRef> folders = {root_};
+    for (size_t i = 0; i < folders.size(); ++i) {
+        const NodeRef folder = folders[i];
+        std::erase_if(folder->behind, [&](const auto& entry) { return entry.second == file; });
+        for (const auto& [name, node] : folder->names) {
+            if (node->folder) folders.push_back(node);
+            if (node != file) continue;
+            folder->ahead[name] = folder->behind[name] = node;
+            const std::string owner = name.substr(0, name.find(':'));
+            const auto found = folder->names.find(owner);
+            if (found != folder->names.end()) folder->ahead[owner] = folder->behind[owner] = found->second;
+        }
+    }
+}
+
+void MemoryHost::flushAll() {
+    std::vector<NodeRef> folders = {root_};
+    for (size_t i = 0; i < folders.size(); ++i) {
+        const NodeRef folder = folders[i];
+        folder->ahead = folder->behind = folder->names;
+        for (const auto& [name, node] : folder->names) {
+            if (node->folder) folders.push_back(node);
+            node->flushed = node->now;
+        }
+    }
+}
+
+void MemoryHost::losePower(PowerCut cut) {
+    std::vector<NodeRef> folders = {root_};
+    for (size_t i = 0; i < folders.size(); ++i) {
+        const NodeRef folder = folders[i];
+        folder->names = cut == PowerCut::keepsNames ? folder->ahead : folder->behind;
+        folder->ahead = folder->behind = folder->names;
+        for (const auto& [name, node] : folder->names) {
+            if (node->folder) folders.push_back(node);
+            node->now = node->flushed;
+        }
+    }
+}
+
+}  // namespace pc

@@ -1,0 +1,206 @@
+#include "pc/volumes/mac_item.h"
+
+#include "base/byte_order.h"
+#include "pc/names/mac_host_name.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace pc {
+
+namespace {
+
+constexpr uint32_t kFinderEntryLength = 32;
+constexpr uint32_t kAttributeOffset = 3;  // the low byte of 32 bits
+constexpr uint32_t kAttributesLength = 4;
+constexpr size_t kLongestRealName = 255;
+
+constexpr int64_t kSecondsTo2000 = 946684800;
+constexpr uint32_t kUnknownDate = 0x80000000;
+
+// A volume of more items than this shows no more of them: a record is read each time a page is shown.
+constexpr uint32_t kCountedItems = 100000;
+
+struct Counts {
+    uint32_t files = 0;
+    uint32_t folders = 0;
+
+    uint32_t items() const { return files + folders; }
+};
+
+Counts countItems(Host& host, const std::string& folder, std::vector<std::string>* subfolders) {
+    Counts counts;
+    std::vector<HostItem> items;
+    if (host.list(folder, items) != 0) return counts;
+    for (const HostItem& item : items) {
+        if (belongsToDriver(item.name)) continue;
+        ++(item.folder ? counts.folders : counts.files);
+        if (item.folder && subfolders != nullptr) subfolders->push_back(hostJoin(folder, item.name));
+    }
+    return counts;
+}
+
+// Other file systems that hang below the root are not this volume's.
+Counts countVolume(Host& host, const MacItem& root) {
+    Counts total;
+    std::vector<std::string> folders = {root.path};
+    for (size_t i = 0; i < folders.size() && total.items() < kCountedItems; ++i) {
+        const std::string folder = folders[i];
+        HostStatus status;
+        if (host.status(folder, status) != 0 || status.device != root.status.device) continue;
+        const Counts counts = countItems(host, folder, &folders);
+        total.files += counts.files;
+        total.folders += counts.folders;
+    }
+    return total;
+}
+
+std::vector<uint8_t> fileDates(int64_t modified) {
+    const int64_t since2000 = modified - kSecondsTo2000;
+    const bool fits = since2000 > INT32_MIN && since2000 <= INT32_MAX;
+    const uint32_t date = fits ? static_cast<uint32_t>(since2000) : kUnknownDate;
+    // Of the creation, the modification, the backup and the last access.
+    const tidewell::Be<uint32_t> dates[] = {date, date, kUnknownDate, kUnknownDate};
+    const auto* const bytes = reinterpret_cast<const uint8_t*>(dates);
+    return {bytes, bytes + sizeof dates};
+}
+
+Error readSettings(const AppleDouble& store, FinderSettings& settings) {
+    settings = FinderSettings();
+    size_t got = 0;
+    Error error = store.read(kFinderInfo, 0, settings.info.data(), settings.info.size(), got);
+    if (error == 0) error = store.read(kMacFileInfo, kAttributeOffset, &settings.attributes, 1, got);
+    return error;
+}
+
+class ResourceForkFile final : public File {
+  public:
+    explicit ResourceForkFile(std::shared_ptr<AppleDouble> store) : store_(std::move(store)) {}
+
+    Error read(uint64_t offset, void* buffer, size_t count, size_t& got) override {
+        return store_->read(kResourceFork, offset, buffer, count, got);
+    }
+    Error write(uint64_t offset, const void* buffer, size_t count) override {
+        return store_->writeResource(offset, buffer, count);
+    }
+    Error size(uint64_t& bytes) override {
+        bytes = store_->length(kResourceFork);
+        return 0;
+    }
+    Error setSize(uint64_t bytes) override { return store_->resizeResource(bytes); }
+    Error flush() override { return store_->flush(); }
+
+  private:
+    std::shared_ptr<AppleDouble> store_;
+};
+
+class FinderInfoFile final : public File {
+  public:
+    FinderInfoFile(Host& host, MacItem item, std::shared_ptr<AppleDouble> store, FinderFlush flush)
+        : host_(host), item_(std::move(item)), store_(std::move(store)), flush_(flush) {}
+
+    // A record read in pieces is that of the first piece.
+    Error read(uint64_t offset, void* buffer, size_t count, size_t& got) override {
+        got = 0;
+        if (offset == 0) {
+            Error error = host_.status(item_.path, item_.status);
+            if (error == 0) error = describeItem(host_, item_, *store_, record_);
+            if (error != 0) return error;
+        }
+        if (offset >= record_.size()) return 0;
+        got = static_cast<size_t>(std::min<uint64_t>(count, record_.size() - offset));
+        std::copy_n(record_.data() + offset, got, static_cast<uint8_t*>(buffer));
+        return 0;
+    }
+
+    Error write(uint64_t offset, const void* buffer, size_t count) override {
+        if (count == 0) return 0;
+        if (offset != 0 || count != kFinderRecordSize) return ERROR_INVALID_PARAMETER;
+        const Error error = host_.status(item_.path, item_.status);
+        if (error != 0) return error;
+        return keepSettings(item_, settingsOf(static_cast<const uint8_t*>(buffer)), *store_);
+    }
+
+    Error size(uint64_t& bytes) override {
+        bytes = kFinderRecordSize;
+        return 0;
+    }
+    Error setSize(uint64_t bytes) override {
+        return bytes == kFinderRecordSize ? 0 : ERROR_INVALID_PARAMETER;
+    }
+    Error flush() override { return flush_ == FinderFlush::toDisk ? store_->flush() : 0; }
+
+  private:
+    Host& host_;
+    MacItem item_;
+    std::shared_ptr<AppleDouble> store_;
+    FinderFlush flush_;
+    FinderRecord record_ = {};
+};
+
+}  // namespace
+
+std::vector<AppleDoubleEdit> newAppleDoubleEntries(const MacItem& item) {
+    const std::string name = macNameFromHost(item.name);
+    return {{kRealName, 0, std::vector<uint8_t>(name.begin(), name.end()), 0},
+            {kFileDates, 0, fileDates(item.status.modified), 0},
+            {kFinderInfo, 0, {}, kFinderEntryLength},
+            {kMacFileInfo, 0, {}, kAttributesLength}};
+}
+
+std::string macNameOf(const MacItem& item, const AppleDouble& store) {
+    std::string realName(std::min<size_t>(store.length(kRealName), kLongestRealName), '\0');
+    size_t got = 0;
+    const Error error = store.read(kRealName, 0, realName.data(), realName.size(), got);
+    const bool current = error == 0 && got != 0 && hostNameFromMac(realName) == item.name;
+    return current ? realName : macNameFromHost(item.name);
+}
+
+Error describeItem(Host& host, const MacItem& item, const AppleDouble& store, FinderRecord& record) {
+    FinderDescription description;
+    const Error error = readSettings(store, description.settings);
+    if (error != 0) return error;
+    description.macName = macNameOf(item, store);
+    description.unicodeName = unicodeMacNameFromHost(item.name);
+    description.folder = item.status.kind == HostKind::folder;
+    description.root = item.root;
+    description.dataLength = item.status.size;
+    description.resourceLength = store.length(kResourceFork);
+    if (description.folder) description.items = countItems(host, item.path, nullptr).items();
+    if (item.root) {
+        const Counts counts = countVolume(host, item);
+        description.filesOnVolume = counts.files;
+        description.foldersOnVolume = counts.folders;
+    }
+    record = makeFinderRecord(description);
+    return 0;
+}
+
+Error keepSettings(const MacItem& item, const FinderSettings& settings, AppleDouble& store) {
+    FinderSettings old;
+    const Error error = readSettings(store, old);
+    if (error != 0) return error;
+    std::vector<AppleDoubleEdit> edits;
+    if (!store.exists()) edits = newAppleDoubleEntries(item);
+    if (!store.exists() || settings.info != old.info) {
+        edits.push_back({kFinderInfo, 0, {settings.info.begin(), settings.info.end()}, kFinderEntryLength});
+    }
+    const bool room = store.has(kMacFileInfo) || !store.hasMacAttributes();
+    if (settings.attributes != old.attributes && room) {
+        edits.push_back({kMacFileInfo, kAttributeOffset, {settings.attributes}, kAttributesLength});
+    }
+    return edits.empty() ? 0 : store.edit(edits, item.path);
+}
+
+std::unique_ptr<File> makeResourceForkFile(std::shared_ptr<AppleDouble> store) {
+    return std::make_unique<ResourceForkFile>(std::move(store));
+}
+
+std::unique_ptr<File> makeFinderInfoFile(Host& host, MacItem item, std::shared_ptr<AppleDouble> store,
+                                         FinderFlush flush) {
+    return std::make_unique<FinderInfoFile>(host, std::move(item), std::move(store), flush);
+}
+
+}  // namespace pc

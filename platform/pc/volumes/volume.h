@@ -1,0 +1,70 @@
+// A volume of the PC, kept in a folder of a host.
+#ifndef TIDEWELL_PLATFORM_PC_VOLUMES_VOLUME_H
+#define TIDEWELL_PLATFORM_PC_VOLUMES_VOLUME_H
+
+#include "pc/file.h"
+#include "pc/host/host.h"
+
+namespace pc {
+
+class MacDirectory;
+
+// Paths given to a volume are UTF-8, relative to its root, components separated by '\', without a leading
+// one; the root itself is the empty path. A trailing '\' is allowed after a folder.
+class Volume {
+  public:
+    virtual ~Volume() = default;
+
+    // "FAT", "NTFS" or "HFS".
+    virtual const char* fileSystemName() const = 0;
+
+    // Opens or creates as mode.disposition says, except that nothing is truncated yet: the PC first checks
+    // sharing, then calls `truncate`. A file that this call creates exists afterwards with no bytes.
+    // 2: no such file; 3: no such folder; 5: a folder, a file the host refuses, or one that is no regular
+    // file; 80: CREATE_NEW and it exists; 112: full; 123: a name no volume of this kind can hold;
+    // 1392: what is kept of the file's Mac information is damaged.
+    virtual Error open(const std::string& path, const OpenMode& mode, Opened& opened) = 0;
+
+    // Empties a file that `open` has opened and not created, when the disposition says so.
+    virtual Error truncate(const std::string& path, uint32_t disposition, File& file);
+
+    // As open, for a query of attributes only: neither reading nor writing, folders allowed.
+    virtual Error openForQuery(const std::string& path, Opened& opened) = 0;
+
+    // Win32's attribute bits.
+    virtual Error attributes(const std::string& path, uint32_t& bits) = 0;
+
+    // Deletes a file together with everything kept beside it: its streams, or its Mac information.
+    // A path of a stream deletes only the stream.
+    virtual Error remove(const std::string& path) = 0;
+
+    // The 8.3 form of an existing path, or the path unchanged where the volume has no short names.
+    virtual Error shortPath(const std::string& path, std::string& shortForm) = 0;
+
+    // Limits the free space that writes may take, for tests of a full disk. Not limited at first.
+    virtual void setFreeSpace(uint64_t bytes) = 0;
+
+    // The host's power is cut. No file is open.
+    virtual void losePower(PowerCut cut) = 0;
+
+    // NTFS: whether a file that is created anew keeps its streams. At first it loses them.
+    virtual void setKeepsStreams(bool) {}
+
+    // Null for a volume that is none of the Mac volume driver's.
+    virtual MacDirectory* macDirectory() { return nullptr; }
+};
+
+// A person waits for what is flushed to the disk: a batch of small files takes many times as long. The host
+// has the Finder information as safely as the data fork, which nobody flushes.
+enum class FinderFlush { toDisk, withDataFork };
+
+// The folder must exist. FAT: neither streams nor short names. NTFS: streams and 8.3 names, letter case
+// kept and ignored. Mac: the driver's two pseudo-files of every file and folder, over AppleDouble files.
+std::unique_ptr<Volume> makeFatVolume(std::shared_ptr<Host> host, const std::string& folder);
+std::unique_ptr<Volume> makeNtfsVolume(std::shared_ptr<Host> host, const std::string& folder);
+std::unique_ptr<Volume> makeMacVolume(std::shared_ptr<Host> host, const std::string& folder,
+                                      FinderFlush flush = FinderFlush::toDisk);
+
+}  // namespace pc
+
+#endif

@@ -1,0 +1,52 @@
+// A host as one volume uses it: within the volume's free space, and as Win32 asks for files.
+#ifndef TIDEWELL_PLATFORM_PC_VOLUMES_VOLUME_HOST_H
+#define TIDEWELL_PLATFORM_PC_VOLUMES_VOLUME_HOST_H
+
+#include "pc/host/host.h"
+
+#include <memory>
+#include <string>
+
+namespace pc {
+
+bool mayCreate(uint32_t disposition);
+bool truncates(uint32_t disposition);
+
+// Win32's attribute bits; 5 for what is neither file nor folder.
+Error attributesOf(const HostStatus& status, uint32_t& bits);
+
+// A file of which nothing but its size can be asked: it holds nothing of the host open.
+std::unique_ptr<File> makeQueriedFile(const HostStatus& status);
+
+// Copies share the host and the space.
+class VolumeHost {
+  public:
+    explicit VolumeHost(std::shared_ptr<Host> host) : host_(std::move(host)) {}
+
+    Host* operator->() const { return host_.get(); }
+    Host& operator*() const { return *host_; }
+
+    // Not limited at first.
+    void setFreeSpace(uint64_t bytes) { *space_ = {true, bytes}; }
+    void giveBack(uint64_t bytes) const { space_->giveBack(bytes); }
+
+    Error open(const std::string& path, const HostAccess& access, std::unique_ptr<HostFile>& file) const {
+        return host_->open(path, access, space_, file);
+    }
+    // As Volume has them, of a path of the host.
+    Error open(const std::string& path, const OpenMode& mode, Opened& opened) const;
+    // 5 for a folder or a file marked read-only.
+    Error remove(const std::string& path) const;
+    // Removes a file that must not stay behind; nothing of that name, or what is no file, is no error.
+    Error discard(const std::string& path) const;
+
+  private:
+    Error openWith(const std::string& path, const HostAccess& access, Opened& opened) const;
+
+    std::shared_ptr<Host> host_;
+    std::shared_ptr<SpaceLimit> space_ = std::make_shared<SpaceLimit>();
+};
+
+}  // namespace pc
+
+#endif
