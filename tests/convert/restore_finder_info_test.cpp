@@ -1,0 +1,102 @@
+// What a replaced file keeps of its Finder information.
+#include "convert/restore_finder_info.h"
+
+#include "support/archive_writer.h"
+#include "support/extraction_case.h"
+#include "support/scripted_user.h"
+
+#include <doctest/doctest.h>
+
+#include <cstring>
+
+using namespace tidewell;
+
+namespace {
+
+// A file whose header leaves 0 what it can.
+const MacFile kBare = {.data = patternOf(5),
+                       .type = 0,
+                       .creator = 0,
+                       .flags = 0,
+                       .vertical = 0,
+                       .horizontal = 0,
+                       .window = 0,
+                       .attributes = 0};
+
+// Zeros instead of what is always replaced.
+Bytes without(Bytes record, size_t position, size_t attributes, size_t attributesSize) {
+    std::memset(&record[position], 0, 4);
+    std::memset(&record[attributes], 0, attributesSize);
+    return record;
+}
+
+}  // namespace
+
+TEST_CASE("Fields that are 0 in the header keep what the file had, on a disk that forgets it, too") {
+    for (const auto& [path, keepsStreams] :
+         {std::pair("M:\\Test", false), std::pair("N:\\Test", false), std::pair("N:\\Test", true)}) {
+        CAPTURE(std::string(path));
+        TestPc pc;
+        pc.drive('N')->volume->setKeepsStreams(keepsStreams);
+        const MacFile had = {.data = patternOf(9), .resource = patternOf(3)};
+        writeMacFile(path, had);
+        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", path[0]) == 0);
+        const MacFile merged = {.data = patternOf(5), .vertical = 0, .horizontal = 0, .attributes = 0};
+        CHECK(readMacFile(path) == merged);
+        CHECK(scriptedUser.asked == 1);
+    }
+}
+
+TEST_CASE("Of a record on NTFS everything else is kept") {
+    for (const bool keepsStreams : {false, true}) {
+        TestPc pc;
+        pc.drive('N')->volume->setKeepsStreams(keepsStreams);
+        const Bytes foreign = patternOf(60);
+        writeFile("N:\\Test:AFP_AfpInfo", foreign);
+        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", 'N') == 0);
+        Bytes wanted = without(foreign, 26, 0, 8);
+        const Bytes mark = {'A', 'F', 'P', 0, 0, 0, 1, 0};
+        std::copy(mark.begin(), mark.end(), wanted.begin());
+        CHECK(readFile("N:\\Test:AFP_AfpInfo") == wanted);
+    }
+}
+
+TEST_CASE("Of a driver's record everything else is as the driver has it at the end") {
+    const TestPc pc;
+    const std::string recordPath = "F:\\record";
+    ForkPathBuffers paths;
+    paths.kind = VolumeKindMac;
+    std::strcpy(paths.finderInfoPath, recordPath.c_str());
+    writeFile(recordPath, patternOf(1155, 1));
+    FinderInfoRecord had;
+    REQUIRE(ReadFinderInfoToKeep(paths, had) == 0);
+    const Bytes now = patternOf(1155, 2);
+    writeFile(recordPath, now);
+    MacBinaryHeader header;
+    std::memset(static_cast<void*>(&header), 0, sizeof header);
+    header.type = 0x41424344;
+    REQUIRE(WriteFinderInfoFromHeader(paths, had, header));
+
+    Bytes wanted = now;
+    const Bytes before = patternOf(1155, 1);
+    std::copy_n(&before[523], 16, &wanted[523]);
+    wanted = without(wanted, 533, 521, 2);
+    std::memcpy(&wanted[523], "ABCD", 4);
+    CHECK(readFile(recordPath) == wanted);
+}
+
+TEST_CASE("Finder information that cannot be read stops an extraction before the file is touched") {
+    for (const std::string path : {"M:\\Test", "N:\\Test"}) {
+        TestPc pc;
+        const MacFile had = {.data = patternOf(9), .resource = patternOf(3)};
+        writeMacFile(path, had);
+        pc.faults().failAlways("ReadFile", ForkPathsOf(path).finderInfoPath, ERROR_CRC);
+        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", path[0]) == ERROR_CRC);
+        pc.faults().clear();
+        CHECK(readMacFile(path) == keptOn(path[0], had));
+    }
+    TestPc pc;
+    writeFile("N:\\Test:AFP_AfpInfo", patternOf(59));
+    CHECK(extractBytes(macBinaryFile({kBare}), ".bin", 'N') == ERROR_HANDLE_EOF);
+    CHECK(readFile("N:\\Test:AFP_AfpInfo") == patternOf(59));
+}
