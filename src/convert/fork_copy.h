@@ -8,8 +8,9 @@
 namespace tidewell {
 
 // Copies `length` bytes from the current position of `source` to that of `destination`, in blocks of 64 KiB.
-// After each block the progress advances by it and is pumped. The system's error; 8 without memory, 38 when
-// the source ends early, 39 for a short write, 1223 when the user cancels. `progress` may be null.
+// After each block the progress advances by it and is pumped; of all but the last, bytes behind the last
+// whole page of the destination are written with the next. The system's error; 8 without memory, 38 when the
+// source ends early, 39 for a short write, 1223 when the user cancels. `progress` may be null.
 ErrorCode CopyForkToFile(HANDLE source, HANDLE destination, DWORD length, ProgressDialog* progress);
 
 // Writes `count` zero bytes at the current position, none for 0. The system's error; 8 without memory, 39 for
