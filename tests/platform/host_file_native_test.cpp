@@ -85,9 +85,9 @@ TEST_CASE_FIXTURE(NativeVolume, "permissions show as attributes and are kept") {
     REQUIRE(changeFinderInfo(*volume, "a", "APPLttxt") == 0);
     CHECK(modeOf("._a") == 0604);
     setMode("a", 0444);
-    uint32_t bits = 0;
-    REQUIRE(volume->attributes("a", bits) == 0);
-    CHECK(bits == 0x21);
+    pc::Opened opened;
+    REQUIRE(volume->openForQuery("a", opened) == 0);
+    CHECK(opened.attributes == 0x21);
     CHECK(volume->remove("a") == 5);
     CHECK(folder.has("._a"));
 }
