@@ -202,7 +202,7 @@ Error MemoryHost::open(const std::string& path, const HostAccess& access, std::s
                        std::unique_ptr<HostFile>& file) {
     Place place;
     Error error = findFile(path, place);
-    if (access.create && place.node != nullptr) return ERROR_FILE_EXISTS;
+    if (access.create && (error == 0 || error == ERROR_ACCESS_DENIED)) return ERROR_FILE_EXISTS;
     if (access.create && error == ERROR_FILE_NOT_FOUND) {
         error = 0;
         place.node = place.folder->names[place.name] = std::make_shared<Node>();
