@@ -15,12 +15,11 @@ const MacFile kOld = {.data = bytesOf("data"), .resource = patternOf(3000)};
 constexpr uint32_t kNewType = 0x4150504C;
 
 bool changeType(const std::string& path) {
-    tidewell::ForkPathBuffers paths;
-    tidewell::GetForkPaths(path.c_str(), paths);
+    const ForkPathsOf paths(path);
     tidewell::FinderInfoRecord record = {};
-    if (!tidewell::ReadFinderInfo(paths.finderInfoPath, &record)) return false;
+    if (!tidewell::ReadFinderInfo(paths, &record)) return false;
     (record.kind == tidewell::VolumeKindMac ? record.mac.finder : record.afp.finder).type = kNewType;
-    return tidewell::WriteFinderInfo(paths.finderInfoPath, &record) != 0;
+    return tidewell::WriteFinderInfo(paths, &record) != 0;
 }
 
 }  // namespace
