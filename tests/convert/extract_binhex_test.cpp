@@ -301,7 +301,8 @@ TEST_CASE("A text beyond 4 GB, and one that has changed since it was looked thro
         pc.folder().resize("F/large", start);
         const HANDLE file = CreateFileA("F:\\large", GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
                                         FILE_ATTRIBUTE_NORMAL, nullptr);
-        SetFilePointer(file, 0, nullptr, FILE_END);
+        LONG high = 0;
+        SetFilePointer(file, 0, &high, FILE_END);
         DWORD written = 0;
         WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
         pc.folder().resize("F/large", start + behind);
