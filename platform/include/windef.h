@@ -7,7 +7,6 @@
 
 #define WINAPI
 #define CALLBACK
-#define APIENTRY
 #define FALSE 0
 #define TRUE 1
 #define MAX_PATH 260
@@ -46,7 +45,6 @@ using HWND = HWND__*;
 struct HINSTANCE__;
 using HINSTANCE = HINSTANCE__*;
 using HMODULE = HINSTANCE;
-using HLOCAL = HANDLE;
 struct HICON__;
 using HICON = HICON__*;
 

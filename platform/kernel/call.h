@@ -10,11 +10,23 @@
 
 namespace kernel {
 
+// What a handle has open; null when the handle is none of the PC's.
+inline pc::OpenFile* openFileOf(HANDLE handle) {
+    pc::Pc* const pc = pc::Pc::current();
+    if (pc == nullptr) return nullptr;
+    const auto found = pc->openFiles().find(reinterpret_cast<uintptr_t>(handle));
+    return found == pc->openFiles().end() ? nullptr : &found->second;
+}
+
 class Call {
   public:
     // `name` and `subject` outlive the call.
     explicit Call(const char* name, std::string_view subject = {}, uint64_t amount = 0)
         : name_(name), subject_(subject), amount_(amount), pc_(pc::Pc::current()) {}
+    Call(const char* name, LPCSTR path, uint64_t amount = 0)
+        : Call(name, std::string_view(path != nullptr ? path : ""), amount) {}
+    Call(const char* name, const pc::OpenFile* file, uint64_t amount = 0)
+        : Call(name, file != nullptr ? std::string_view(file->path) : std::string_view(), amount) {}
     ~Call() {
         if (pc_ != nullptr && pc_->journal().kept()) pc_->journal().record(name_, subject_, amount_, error_);
     }

@@ -1,7 +1,6 @@
-// Files by handle.
+// Files and devices by handle.
 #include "call.h"
 #include "kernel.h"
-#include "open_file.h"
 #include "pc_path.h"
 
 #include <functional>
@@ -14,8 +13,9 @@ namespace {
 HANDLE addHandle(const std::string& path, const pc::OpenMode& mode, pc::Opened opened, const PcPath& target) {
     pc::Pc& pc = *pc::Pc::current();
     const uintptr_t value = pc.newHandle();
-    pc.openFiles()[value] = pc::OpenFile{path,          mode,          std::move(opened.identity), target.device,
-                                         target.volume, target.inside, std::move(opened.file),     0};
+    pc.openFiles()[value] =
+        pc::OpenFile{path,          mode,          std::move(opened.identity), target.device,
+                     target.volume, target.inside, std::move(opened.file),     0};
     return reinterpret_cast<HANDLE>(value);
 }
 
@@ -56,7 +56,7 @@ bool ownsHandle(HANDLE handle) {
 
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES /*security*/,
                    DWORD disposition, DWORD /*flags*/, HANDLE /*templateFile*/) {
-    Call call("CreateFileA", path != nullptr ? path : "", access);
+    Call call("CreateFileA", path, access);
     pc::OpenMode mode;
     mode.read = (access & GENERIC_READ) != 0;
     mode.write = (access & GENERIC_WRITE) != 0;
@@ -70,7 +70,7 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES
 
 BOOL ReadFile(HANDLE handle, LPVOID buffer, DWORD count, LPDWORD transferred, LPOVERLAPPED /*overlapped*/) {
     pc::OpenFile* const file = openFileOf(handle);
-    Call call("ReadFile", pathOf(file), count);
+    Call call("ReadFile", file, count);
     *transferred = 0;
     if (file == nullptr) return call.end(ERROR_INVALID_HANDLE);
     if (!file->mode.read) return call.end(ERROR_ACCESS_DENIED);
@@ -84,7 +84,7 @@ BOOL ReadFile(HANDLE handle, LPVOID buffer, DWORD count, LPDWORD transferred, LP
 
 BOOL WriteFile(HANDLE handle, LPCVOID buffer, DWORD count, LPDWORD transferred, LPOVERLAPPED /*overlapped*/) {
     pc::OpenFile* const file = openFileOf(handle);
-    Call call("WriteFile", pathOf(file), count);
+    Call call("WriteFile", file, count);
     *transferred = 0;
     if (file == nullptr) return call.end(ERROR_INVALID_HANDLE);
     if (!file->mode.write) return call.end(ERROR_ACCESS_DENIED);
@@ -99,7 +99,7 @@ BOOL WriteFile(HANDLE handle, LPCVOID buffer, DWORD count, LPDWORD transferred, 
 
 DWORD SetFilePointer(HANDLE handle, LONG distance, PLONG distanceHigh, DWORD origin) {
     pc::OpenFile* const file = openFileOf(handle);
-    Call call("SetFilePointer", pathOf(file), static_cast<uint32_t>(distance));
+    Call call("SetFilePointer", file, static_cast<uint32_t>(distance));
     if (file == nullptr) return call.end<DWORD>(ERROR_INVALID_HANDLE, 0, INVALID_SET_FILE_POINTER);
     pc::Error error = call.fault();
     uint64_t size = 0;
@@ -122,7 +122,7 @@ DWORD SetFilePointer(HANDLE handle, LONG distance, PLONG distanceHigh, DWORD ori
 
 DWORD GetFileSize(HANDLE handle, LPDWORD high) {
     pc::OpenFile* const file = openFileOf(handle);
-    Call call("GetFileSize", pathOf(file));
+    Call call("GetFileSize", file);
     if (file == nullptr) return call.end<DWORD>(ERROR_INVALID_HANDLE, 0, INVALID_FILE_SIZE);
     pc::Error error = call.fault();
     uint64_t size = 0;
@@ -137,18 +137,18 @@ DWORD GetFileSize(HANDLE handle, LPDWORD high) {
 // Times and the volume's serial number are 0; the index is the same for all openings of one stream.
 BOOL GetFileInformationByHandle(HANDLE handle, LPBY_HANDLE_FILE_INFORMATION information) {
     pc::OpenFile* const file = openFileOf(handle);
-    Call call("GetFileInformationByHandle", pathOf(file));
+    Call call("GetFileInformationByHandle", file);
     if (file == nullptr) return call.end(ERROR_INVALID_HANDLE);
     pc::Error error = call.fault();
     uint64_t size = 0;
     if (error == 0) error = file->file->size(size);
-    uint32_t bits = 0;
+    pc::Opened queried;
     if (error == 0 && file->volume == nullptr) error = ERROR_INVALID_FUNCTION;
-    if (error == 0) error = file->volume->attributes(file->inside, bits);
+    if (error == 0) error = file->volume->openForQuery(file->inside, queried);
     if (error != 0) return call.end(error);
     const uint64_t index = std::hash<std::string>()(file->identity);
     *information = {};
-    information->dwFileAttributes = bits;
+    information->dwFileAttributes = queried.attributes;
     information->nFileSizeHigh = static_cast<DWORD>(size >> 32);
     information->nFileSizeLow = static_cast<DWORD>(size);
     information->nNumberOfLinks = 1;
@@ -159,17 +159,37 @@ BOOL GetFileInformationByHandle(HANDLE handle, LPBY_HANDLE_FILE_INFORMATION info
 
 BOOL FlushFileBuffers(HANDLE handle) {
     pc::OpenFile* const file = openFileOf(handle);
-    Call call("FlushFileBuffers", pathOf(file));
+    Call call("FlushFileBuffers", file);
     if (file == nullptr) return call.end(ERROR_INVALID_HANDLE);
     if (!file->mode.write) return call.end(ERROR_ACCESS_DENIED);
     const pc::Error error = call.fault();
     return call.end(error != 0 ? error : file->file->flush());
 }
 
+BOOL DeviceIoControl(HANDLE handle, DWORD code, LPVOID input, DWORD inputSize, LPVOID output,
+                     DWORD outputSize, LPDWORD returned, LPOVERLAPPED overlapped) {
+    const pc::OpenFile* const file = openFileOf(handle);
+    Call call("DeviceIoControl", file, code);
+    if (file == nullptr) return call.end(ERROR_INVALID_HANDLE);
+    const bool noInput = input == nullptr && inputSize != 0;
+    const bool noOutput = output == nullptr && outputSize != 0;
+    // Every request is answered before the call returns.
+    if (noInput || noOutput || returned == nullptr || overlapped != nullptr)
+        return call.end(ERROR_INVALID_PARAMETER);
+    *returned = 0;
+    pc::Error error = call.fault();
+    if (error != 0) return call.end(error);
+    size_t size = 0;
+    error = file->file->control(code, {static_cast<const uint8_t*>(input), inputSize},
+                                {static_cast<uint8_t*>(output), outputSize}, size);
+    *returned = static_cast<DWORD>(size);
+    return call.end(error);
+}
+
 // The handle is closed whatever is reported. Only one that was written to has anything to report.
 BOOL CloseHandle(HANDLE handle) {
     pc::OpenFile* const file = openFileOf(handle);
-    const std::string path(pathOf(file));
+    const std::string path = file != nullptr ? file->path : "";  // which goes with the handle
     Call call("CloseHandle", path);
     if (file == nullptr) return call.end(ERROR_INVALID_HANDLE);
     pc::Error error = file->mode.write ? call.fault() : 0;

@@ -57,12 +57,6 @@ std::string collapsed(std::string_view inside) {
     return path.empty() || ended ? path + '\\' : path;
 }
 
-// "\\server\share", which no ".." leads out of.
-size_t shareEnd(std::string_view path) {
-    const size_t server = std::min(path.find_first_of(kSeparators, 2), path.size());
-    return std::min(path.find_first_of(kSeparators, server + 1), path.size());
-}
-
 }  // namespace
 
 bool isDevicePath(std::string_view path) {
@@ -89,10 +83,7 @@ pc::Error fullPathOf(const pc::Pc& pc, std::string_view path, std::string& full)
     if (isDevicePath(path) || isLiteralPath(path)) return 0;
     const bool drive = hasDrive(path);
     if (!drive && !isRelative(path)) {
-        const size_t end = shareEnd(path);
         std::replace(full.begin(), full.end(), '/', '\\');
-        full.resize(end);
-        if (end < path.size()) full += collapsed(path.substr(end));
         return 0;
     }
     if (pc.hasDeviceNames()) {

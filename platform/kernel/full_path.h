@@ -24,7 +24,8 @@ bool isRelative(std::string_view path);
 
 // The path with its drive, one '\' between components, without "." and ".." and without the periods and
 // blanks that Windows drops; "\\.\NUL" for such a name, wherever it is. Devices and literal paths stay as
-// they are. Texts are UTF-8. 3: it needs a current folder, which the PC lacks; 123: empty.
+// they are, paths of other machines but for their separators. Texts are UTF-8. 3: it needs a current folder,
+// which the PC lacks; 123: empty.
 pc::Error fullPathOf(const pc::Pc& pc, std::string_view path, std::string& full);
 
 }  // namespace kernel

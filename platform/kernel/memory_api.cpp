@@ -1,13 +1,57 @@
 // Page memory and the process heap. The PC keeps count of what the library holds.
 #include "call.h"
-#include "host_memory.h"
 #include "kernel.h"
 
+#include <cstdint>
+#include <cstdlib>
 #include <map>
+
+#ifndef _WIN32
+#include <sys/mman.h>
+#endif
 
 namespace kernel {
 
 namespace {
+
+// Memory of the host: zero-filled, null when there is none; it goes back with its size.
+#ifdef _WIN32
+
+void* takeHostMemory(size_t size) {
+    return std::calloc(1, size);
+}
+
+void giveHostMemory(void* memory, size_t) {
+    std::free(memory);
+}
+
+#else
+
+// From here on blocks are mapped by themselves, in large pages where the system has them: a whole file in
+// small pages takes longer to fault in than to read.
+constexpr size_t kMapped = size_t{4} << 20;
+constexpr size_t kLargePage = size_t{2} << 20;
+
+void* takeHostMemory(size_t size) {
+    if (size < kMapped) return std::calloc(1, size);
+    if (size > SIZE_MAX - kLargePage) return nullptr;
+    const size_t mapped = size + kLargePage;
+    void* const memory =
+        mmap(nullptr, mapped, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    if (memory == MAP_FAILED) return nullptr;
+    madvise(memory, mapped, MADV_HUGEPAGE);
+    return memory;
+}
+
+void giveHostMemory(void* memory, size_t size) {
+    if (size < kMapped) {
+        std::free(memory);
+    } else {
+        munmap(memory, size + kLargePage);
+    }
+}
+
+#endif
 
 // Memory can outlive the PC it was taken under, in a test that fails half-way; a block is recognised
 // without one.
@@ -41,7 +85,7 @@ bool ownsMemory(const void* memory) {
 }
 
 LPVOID VirtualAlloc(LPVOID /*address*/, SIZE_T size, DWORD /*type*/, DWORD /*protection*/) {
-    Call call("VirtualAlloc", {}, size);
+    Call call("VirtualAlloc", "", size);
     if (size == 0) return call.end<void*>(ERROR_INVALID_PARAMETER, nullptr, nullptr);
     return allocate(call, size);
 }
@@ -52,7 +96,7 @@ BOOL VirtualFree(LPVOID address, SIZE_T /*size*/, DWORD /*type*/) {
 }
 
 LPVOID HeapAlloc(HANDLE /*heap*/, DWORD /*flags*/, SIZE_T size) {
-    Call call("HeapAlloc", {}, size);
+    Call call("HeapAlloc", "", size);
     return allocate(call, size == 0 ? 1 : size);
 }
 

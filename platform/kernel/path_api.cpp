@@ -1,5 +1,4 @@
 // Files and volumes by path.
-#include "pc/names/utf8.h"
 #include "call.h"
 #include "full_path.h"
 #include "kernel.h"
@@ -62,18 +61,10 @@ LPSTR filePartOf(LPSTR path) {
     return *part != '\0' ? part : nullptr;
 }
 
-// For the journal.
-std::string ansiFromWide(LPCWSTR text) {
-    std::u16string units;
-    while (text != nullptr && *text != 0)
-        units += static_cast<char16_t>(*text++);
-    return pc::ansiFromUtf16(pc::ansiCodePage(), units);
-}
-
 }  // namespace
 
 BOOL DeleteFileA(LPCSTR path) {
-    Call call("DeleteFileA", path != nullptr ? path : "");
+    Call call("DeleteFileA", path);
     PcPath target;
     pc::Error error = call.fault();
     if (error == 0) error = findFile(path, target);
@@ -82,7 +73,7 @@ BOOL DeleteFileA(LPCSTR path) {
 }
 
 BOOL DeleteFileW(LPCWSTR path) {
-    const std::string subject = ansiFromWide(path);
+    const std::string subject = pc::ansiFromUtf16(pc::ansiCodePage(), unitsOf(path));
     Call call("DeleteFileW", subject);
     PcPath target;
     pc::Error error = call.fault();
@@ -94,7 +85,7 @@ BOOL DeleteFileW(LPCWSTR path) {
 }
 
 DWORD GetFullPathNameA(LPCSTR path, DWORD capacity, LPSTR buffer, LPSTR* filePart) {
-    Call call("GetFullPathNameA", path != nullptr ? path : "");
+    Call call("GetFullPathNameA", path);
     std::string text;
     pc::Error error = call.fault();
     if (error == 0) error = fullAnsiPath(path, text);
@@ -106,17 +97,17 @@ DWORD GetFullPathNameA(LPCSTR path, DWORD capacity, LPSTR buffer, LPSTR* filePar
 }
 
 DWORD GetFileAttributesA(LPCSTR path) {
-    Call call("GetFileAttributesA", path != nullptr ? path : "");
+    Call call("GetFileAttributesA", path);
     PcPath target;
-    uint32_t bits = 0;
+    pc::Opened queried;
     pc::Error error = call.fault();
     if (error == 0) error = findPath(path, target);
-    if (error == 0) error = target.volume->attributes(target.inside, bits);
-    return call.end<DWORD>(error, bits, INVALID_FILE_ATTRIBUTES);
+    if (error == 0) error = target.volume->openForQuery(target.inside, queried);
+    return call.end<DWORD>(error, queried.attributes, INVALID_FILE_ATTRIBUTES);
 }
 
 DWORD GetShortPathNameA(LPCSTR path, LPSTR buffer, DWORD capacity) {
-    Call call("GetShortPathNameA", path != nullptr ? path : "");
+    Call call("GetShortPathNameA", path);
     PcPath target;
     std::string text;
     pc::Error error = call.fault();
@@ -130,7 +121,7 @@ DWORD GetShortPathNameA(LPCSTR path, LPSTR buffer, DWORD capacity) {
 
 BOOL GetVolumeInformationA(LPCSTR root, LPSTR name, DWORD nameCapacity, LPDWORD serial, LPDWORD maxComponent,
                            LPDWORD flags, LPSTR fileSystem, DWORD fileSystemCapacity) {
-    Call call("GetVolumeInformationA", root != nullptr ? root : "");
+    Call call("GetVolumeInformationA", root);
     PcPath target;
     pc::Error error = call.fault();
     if (error == 0) error = findFile(root, target);

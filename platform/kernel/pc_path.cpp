@@ -36,13 +36,6 @@ pc::Error findUtf8(pc::Pc& pc, std::string path, PcPath& found) {
     return 0;
 }
 
-std::string utf8FromWide(LPCWSTR path) {
-    std::u16string units;
-    while (*path != 0)
-        units += static_cast<char16_t>(*path++);
-    return pc::bytesFromUtf16(units);
-}
-
 bool owns(std::string_view path) {
     if (isDevicePath(path) || isLiteralPath(path)) return true;
     pc::Pc* const pc = pc::Pc::current();
@@ -52,12 +45,19 @@ bool owns(std::string_view path) {
 
 }  // namespace
 
+std::u16string unitsOf(LPCWSTR text) {
+    std::u16string units;
+    while (text != nullptr && *text != 0)
+        units += static_cast<char16_t>(*text++);
+    return units;
+}
+
 bool ownsPath(LPCSTR path) {
     return path != nullptr && owns(path);
 }
 
 bool ownsPath(LPCWSTR path) {
-    return path != nullptr && owns(utf8FromWide(path));
+    return path != nullptr && owns(pc::bytesFromUtf16(unitsOf(path)));
 }
 
 pc::Error findPath(LPCSTR path, PcPath& found) {
@@ -70,7 +70,7 @@ pc::Error findPath(LPCSTR path, PcPath& found) {
 pc::Error findPath(LPCWSTR path, PcPath& found) {
     pc::Pc* const pc = pc::Pc::current();
     if (path == nullptr || pc == nullptr) return ERROR_PATH_NOT_FOUND;
-    return findUtf8(*pc, utf8FromWide(path), found);
+    return findUtf8(*pc, pc::bytesFromUtf16(unitsOf(path)), found);
 }
 
 pc::Error findFile(LPCSTR path, PcPath& found) {

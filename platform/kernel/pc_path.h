@@ -17,6 +17,9 @@ struct PcPath {
     std::string inside;  // UTF-8, relative to the volume's root
 };
 
+// Empty for a null text.
+std::u16string unitsOf(LPCWSTR text);
+
 // 2: a device that the PC lacks; 3: no such drive, or a path of no drive; 21: no medium; 123: text that is
 // none of the code page, or a literal path where there are none; 206: too long.
 pc::Error findPath(LPCSTR path, PcPath& found);

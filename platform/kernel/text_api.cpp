@@ -41,7 +41,7 @@ std::u16string_view unitsOf(const WCHAR* text, int length, std::u16string& copy)
 }  // namespace
 
 int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int length, LPWSTR wide, int capacity) {
-    Call call("MultiByteToWideChar", {}, static_cast<uint32_t>(length));
+    Call call("MultiByteToWideChar", "", static_cast<uint32_t>(length));
     if (!valid(codePage, text, length, wide, capacity)) return call.end(ERROR_INVALID_PARAMETER, 0, 0);
     const pc::Error error = call.fault();
     if (error != 0) return call.end(error, 0, 0);
@@ -54,7 +54,7 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int length, LPW
 
 int WideCharToMultiByte(UINT codePage, DWORD /*flags*/, LPCWSTR wide, int length, LPSTR text, int capacity,
                         LPCSTR defaultCharacter, LPBOOL usedDefault) {
-    Call call("WideCharToMultiByte", {}, static_cast<uint32_t>(length));
+    Call call("WideCharToMultiByte", "", static_cast<uint32_t>(length));
     // The subset replaces by the code page's own default character, and does not tell.
     const bool own = defaultCharacter == nullptr && usedDefault == nullptr;
     if (!own || !valid(codePage, wide, length, text, capacity))

@@ -10,7 +10,6 @@ namespace pc {
 // Times are 100 ns since 1601, as Windows counts them.
 class Clock {
   public:
-    bool isSet() const { return time_.has_value(); }
     int64_t now() const;
     void set(int64_t time) { time_ = time; }
     void advance(int64_t time) { time_ = now() + time; }

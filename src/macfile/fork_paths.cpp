@@ -18,20 +18,6 @@ DWORD joinPart(VolumeKind kind, const char* dataPath, char* out, DWORD capacity,
     return 0;
 }
 
-DWORD joinResourceFork(VolumeKind kind, const char* dataPath, char* out, DWORD capacity) {
-    return joinPart(kind, dataPath, out, capacity, kResourceForkName, kResourceForkStream);
-}
-
-DWORD joinFinderInfo(VolumeKind kind, const char* dataPath, char* out, DWORD capacity) {
-    return joinPart(kind, dataPath, out, capacity, kFinderInfoName, kFinderInfoStream);
-}
-
-VolumeKind kindOf(const char* path) {
-    VolumeKind kind = VolumeKindOther;
-    TellVolumeKindOfPath(path, kind);
-    return kind;
-}
-
 // A part whose path was not written, because there is none or it does not fit, is not available.
 void settlePart(char* path, DWORD& length, DWORD capacity) {
     if (length > capacity) length = 0;
@@ -50,12 +36,12 @@ bool isNamed(const char* name, const char* wanted) {
 
 }  // namespace
 
-DWORD GetResourceForkPath(const char* dataPath, char* out, DWORD capacity) {
-    return joinResourceFork(kindOf(dataPath), dataPath, out, capacity);
+DWORD GetResourceForkPath(VolumeKind kind, const char* dataPath, char* out, DWORD capacity) {
+    return joinPart(kind, dataPath, out, capacity, kResourceForkName, kResourceForkStream);
 }
 
-DWORD GetFinderInfoPath(const char* dataPath, char* out, DWORD capacity) {
-    return joinFinderInfo(kindOf(dataPath), dataPath, out, capacity);
+DWORD GetFinderInfoPath(VolumeKind kind, const char* dataPath, char* out, DWORD capacity) {
+    return joinPart(kind, dataPath, out, capacity, kFinderInfoName, kFinderInfoStream);
 }
 
 ErrorCode SetForkPaths(VolumeKind kind, ForkPaths& paths) {
@@ -63,8 +49,8 @@ ErrorCode SetForkPaths(VolumeKind kind, ForkPaths& paths) {
     const DWORD finderInfoCapacity = paths.finderInfoLength;
     paths.kind = kind;
     paths.dataLength = static_cast<DWORD>(std::strlen(paths.dataPath));
-    paths.resourceLength = joinResourceFork(kind, paths.dataPath, paths.resourcePath, resourceCapacity);
-    paths.finderInfoLength = joinFinderInfo(kind, paths.dataPath, paths.finderInfoPath, finderInfoCapacity);
+    paths.resourceLength = GetResourceForkPath(kind, paths.dataPath, paths.resourcePath, resourceCapacity);
+    paths.finderInfoLength = GetFinderInfoPath(kind, paths.dataPath, paths.finderInfoPath, finderInfoCapacity);
     settlePart(paths.resourcePath, paths.resourceLength, resourceCapacity);
     settlePart(paths.finderInfoPath, paths.finderInfoLength, finderInfoCapacity);
     const bool whole = paths.resourceLength != 0 && paths.finderInfoLength != 0;

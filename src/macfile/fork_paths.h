@@ -46,9 +46,10 @@ ErrorCode FindForkPaths(const char* path, ForkPaths& paths);
 // ERROR_FILENAME_EXCED_RANGE when the volume keeps a part whose path does not fit.
 ErrorCode SetForkPaths(VolumeKind kind, ForkPaths& paths);
 
-// Return JoinPath's result, or 0 with nothing written where the volume keeps no such part.
-DWORD GetResourceForkPath(const char* dataPath, char* out, DWORD capacity);
-DWORD GetFinderInfoPath(const char* dataPath, char* out, DWORD capacity);
+// Where a volume of this kind keeps the parts of the file at `dataPath`. Return JoinPath's result, or 0 with
+// nothing written where it keeps no such part.
+DWORD GetResourceForkPath(VolumeKind kind, const char* dataPath, char* out, DWORD capacity);
+DWORD GetFinderInfoPath(VolumeKind kind, const char* dataPath, char* out, DWORD capacity);
 
 // Whether the last part of `path` names a resource fork or a Finder information, or any stream of a file,
 // rather than a file.

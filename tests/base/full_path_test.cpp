@@ -21,7 +21,7 @@ TEST_CASE("A path is made full, and loses no meaning with its prefix") {
         {"\\\\server\\share\\a", "\\\\server\\share\\a", 0},
         {"\\\\?\\UNC\\server\\share\\a", "\\\\server\\share\\a", 0},
         {"\\\\?\\F:\\a b\\c", "F:\\a b\\c", 0},
-        {"\\\\?\\UNC\\server\\share\\a.", "", ERROR_INVALID_NAME},
+        {"\\\\?\\UNC\\server\\share\\a/b", "", ERROR_INVALID_NAME},
         {"\\\\?\\F:", "", ERROR_INVALID_NAME},
         {"\\\\?\\", "", ERROR_INVALID_NAME},
         {"\\\\?\\F", "", ERROR_INVALID_NAME},

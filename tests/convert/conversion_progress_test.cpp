@@ -131,6 +131,20 @@ TEST_CASE("The clock stands still during the question") {
     }
 }
 
+TEST_CASE("A caller within the program learns what was written, and nothing of what was kept") {
+    TestPc pc;
+    kMacBinary.writeSource();
+    DWORD flags = 0;
+    char written[kPathCapacity] = "nothing";
+    const Extraction extraction = {nullptr, kMacBinary.source, "M:\\", &flags, nullptr, written};
+    CHECK(ExtractOriginal(extraction) == 0);
+    CHECK(std::string(written) == kMacBinary.output);
+    scriptedUser.answer = IDNO;
+    written[0] = '\0';
+    CHECK(ExtractOriginal(extraction) == 0);
+    CHECK(written[0] == '\0');
+}
+
 TEST_CASE("The shell is told that a file was created, by its path") {
     for (const Conversion& conversion : {kPack, kMacBinary, kMacBinaryToFat, kBinHex}) {
         TestPc pc;

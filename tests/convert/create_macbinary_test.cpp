@@ -3,6 +3,7 @@
 #include "convert/macbinary_header.h"
 #include "macfile/fork_paths.h"
 #include "support/archive_writer.h"
+#include "support/scripted_user.h"
 
 #include <doctest/doctest.h>
 
@@ -35,6 +36,26 @@ TEST_CASE("Forks of every length at a boundary are packed, with name and Finder 
         check("N:\\data", "data", {.data = data, .hasResource = false});
     }
     CHECK(pc.nothingHeld());
+}
+
+TEST_CASE("Whole pages of the output are written, and the user is heard after each 64 KiB of a fork") {
+    TestPc pc;
+    writeMacFile("M:\\file", {.data = patternOf(300000), .resource = patternOf(65536)});
+    pc.journal().clear();
+    ProgressDialog* progress = ProgressCreate(GetModuleHandleA(nullptr), "", nullptr, FALSE);
+    REQUIRE(CreateMacBinaryFile(nullptr, "M:\\file", kOutput, &progress) == 0);
+    CHECK(scriptedUser.positions.size() == 6);
+    CHECK(progress->done == 365536);
+    ProgressDestroy(progress);
+    std::vector<uint64_t> starts;
+    uint64_t position = 0;
+    for (const pc::JournalEntry& entry : pc.journal().entries()) {
+        if (entry.call != "WriteFile") continue;
+        starts.push_back(position);
+        position += entry.amount;
+    }
+    // The header and what ends it; the data fork's five blocks and padding; the resource fork, in one block.
+    CHECK(starts == std::vector<uint64_t>{0, 126, 128, 65536, 131072, 196608, 262144, 300128, 300160});
 }
 
 TEST_CASE("What cannot be packed, and where nothing can be put") {

@@ -7,6 +7,7 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <memory>
 #include <random>
 
 using namespace tidewell;
@@ -250,7 +251,7 @@ TEST_CASE("Forks of many blocks, with blanks anywhere and runs everywhere") {
 
 TEST_CASE("A bomb takes little memory") {
     TestPc pc;
-    constexpr size_t kRuns = 40000;
+    constexpr size_t kRuns = 70000;  // more than a block's, and each as long as can be
     const Bytes data(1 + kRuns * 254, 0x41);
     Bytes runs = joined(runsBefore(static_cast<uint32_t>(data.size())), {0x41});
     for (size_t i = 0; i < kRuns; ++i)
@@ -295,39 +296,42 @@ TEST_CASE(
 TEST_CASE("A text beyond 4 GB, and one that has changed since it was looked through") {
     TestPc pc;
     const uint64_t beyond = 0x1FFFFFFFEu;
-    const auto decodedAt = [&pc](const std::string& text, ErrorCode wanted, uint64_t start) {
+    constexpr uint64_t kHole = 0x100000000u;
+    const auto decodedAt = [&pc](const std::string& text, ErrorCode wanted, uint64_t start, uint64_t behind) {
         pc.folder().resize("F/large", start);
         const HANDLE file = CreateFileA("F:\\large", GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
                                         FILE_ATTRIBUTE_NORMAL, nullptr);
-        SetFilePointer(file, 0, nullptr, FILE_END);
+        LONG high = 0;
+        SetFilePointer(file, 0, &high, FILE_END);
         DWORD written = 0;
         WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+        pc.folder().resize("F/large", start + behind);
         const auto memory = std::make_unique<BinHexMemory>();
         BinHexText decoded;
-        CHECK(OpenBinHexText(file, start + text.size(), {.start = start}, *memory, decoded) == 0);
+        CHECK(OpenBinHexText(file, start + behind, {.start = start}, *memory, decoded) == 0);
         const ErrorCode error = DecodeBinHexText(decoded);
         CHECK(error == wanted);
         CloseHandle(file);
         return error == 0 ? std::string(decoded.next, decoded.end) : "";
     };
     writeFile("F:\\large", {});
-    CHECK(decodedAt("r r\tr\rr!!:", 0, beyond) == std::string("\xFF\xFF\xFF\0\0", 5));
-    CHECK(decodedAt(" :rr", 0, 100).empty());
-    decodedAt("rrrr7:", ERROR_INVALID_DATA, beyond);
-    decodedAt("  ", ERROR_HANDLE_EOF, beyond);
+    CHECK(decodedAt("r r\tr\rr!!:", 0, beyond, kHole) == std::string("\xFF\xFF\xFF\0\0", 5));
+    CHECK(decodedAt(" :rr", 0, 100, 4).empty());
+    decodedAt("rrrr7:", ERROR_INVALID_DATA, beyond, 6);
+    decodedAt("  ", ERROR_HANDLE_EOF, beyond, 2);
 }
 
 TEST_CASE("Lengths that lie take neither memory nor time") {
+    const BinHexFile large = {{.data = patternOf(3 * kBinHexBlock), .resource = patternOf(30)}};
     for (const uint32_t length : {0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu, 0x01000000u}) {
         for (const bool inData : {true, false}) {
             TestPc pc;
-            BinHexFile file = kSmall;
+            BinHexFile file = inData ? kSmall : large;
             (inData ? file.claimedData : file.claimedResource) = length;
             CHECK(extractBytes(binHexFile(file), ".hqx", 'M') == ERROR_HANDLE_EOF);
             CHECK(!exists("M:\\Test"));
-            CHECK(pc.journal().countOn(
-                      "CreateFileA", inData ? "M:\\Test" : "Test\\{4DD19183-ACE2-11CF-BBF2-444553540000}") ==
-                  0);
+            const char* const fork = inData ? "M:\\Test" : "Test\\{4DD19183-ACE2-11CF-BBF2-444553540000}";
+            CHECK(pc.journal().countOn("CreateFileA", fork) == 0);
             CHECK(memoryTaken(pc) < kMemory);
         }
     }

@@ -52,6 +52,7 @@ TEST_CASE("Names that Windows takes for something else") {
         {"lpt\xB3", "lpt\xB3_"},
         {"LPT\xB9", "LPT\xB9_"},
         {"COM0", "COM0"},
+        {"CONOUT$s", "CONOUT$s"},
         {"COM10", "COM10"},
         {"CONSOLE", "CONSOLE"},
         {"Dr.", "Dr"},

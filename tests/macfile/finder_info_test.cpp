@@ -78,30 +78,3 @@ TEST_CASE("A driver that knows no flush has kept what was written; any other err
         }
     }
 }
-
-TEST_CASE("Finder information that is said to be written survives the power; before, the old one does") {
-    for (const char* path : {"M:\\file", "N:\\file"}) {
-        for (const pc::PowerCut cut : {pc::PowerCut::keepsNames, pc::PowerCut::losesNames}) {
-            bool written = false;
-            for (int n = 1; !written; ++n) {
-                CAPTURE(std::string(path));
-                CAPTURE(n);
-                TestPc pc;
-                const MacFile old = {.data = patternOf(3), .resource = patternOf(5)};
-                writeMacFile(path, old);
-                pc.flushAll();
-                const ForkPathsOf paths(path);
-                FinderInfoRecord record;
-                REQUIRE(ReadFinderInfo(paths, &record));
-                (record.kind == VolumeKindMac ? record.mac.finder : record.afp.finder).type = 0x4E455721;
-                pc.faults().cutPower(n);
-                written = WriteFinderInfo(paths, &record) != 0;
-                pc.cutPower(cut);
-                MacFile wanted = keptOn(path[0], old);
-                const MacFile found = readMacFile(path);
-                if (written || found != wanted) wanted.type = 0x4E455721;
-                CHECK(found == wanted);
-            }
-        }
-    }
-}

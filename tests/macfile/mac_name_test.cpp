@@ -91,6 +91,15 @@ TEST_CASE("Names outside Mac volumes: a name never leads out of its folder") {
     CHECK(ask(CreateMacNamedFile, "N:\\Sub", std::string(255, 'x')).error != 0);
 }
 
+TEST_CASE("Names outside Mac volumes: what does not fit is told") {
+    TestPc pc;
+    pc.folder().makeFolder("F/Sub");
+    for (const size_t capacity : {6u, 7u, 8u, 9u, 10u}) {
+        const ErrorCode wanted = capacity < 10 ? ERROR_INSUFFICIENT_BUFFER : ERROR_FILE_NOT_FOUND;
+        CHECK_MESSAGE(ask(LookUpMacName, "F:\\Sub", "a", capacity).error == wanted, capacity);
+    }
+}
+
 TEST_CASE("The Windows form of a name needs room for its NUL") {
     const MacNameBytes name("a:b");
     char out[8] = "unsaid";

@@ -33,7 +33,7 @@ TEST_CASE_FIXTURE(MacFolder, "the record of a file without Mac information") {
     const std::string name = "Re\u0301sume\u0301\uF022 1";
     folder.write(pc::hostNameOf(name), std::string(70000, 'x'));
     const std::string record = recordOf(name);
-    REQUIRE(record.size() == pc::kFinderRecordSize);
+    REQUIRE(record.size() == sizeof(pc::FinderRecord));
     CHECK(record.substr(0, 555) == std::string(555, '\0'));
     CHECK(little32(record, 555) == 70000);
     CHECK(little32(record, 571) == 0);
@@ -47,7 +47,7 @@ TEST_CASE_FIXTURE(MacFolder, "settings that are written are read again, and the 
     REQUIRE(writeFile(*volume, std::string("a") + kResourceFile, std::string(300, 'r')) == 0);
     pc::Opened opened;
     REQUIRE(openFile(*volume, std::string("a") + kFinderFile, openExisting, opened) == 0);
-    const std::string other(pc::kFinderRecordSize, '\x7F');
+    const std::string other(sizeof(pc::FinderRecord), '\x7F');
     std::string expected = recordOf("a");
     CHECK(little32(expected, 571) == 300);
     REQUIRE(opened.file->write(0, other.data(), other.size()) == 0);

@@ -1,28 +1,14 @@
 // What only a POSIX host has: links, FIFOs, permissions.
 #include "pc/names/host_name.h"
+#include "support/temp_folder_native.h"
 #include "support/volume_files.h"
 
 #include <doctest/doctest.h>
 
-#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
-
-// A folder of the machine that lives as long as a test.
-struct TempFolder : HostFolder {
-    TempFolder() : HostFolder(pc::nativeHost(), made()) {}
-    ~TempFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path(), ignored);
-    }
-    static std::string made() {
-        std::string name = (std::filesystem::temp_directory_path() / "tidewell-test-XXXXXX").string();
-        REQUIRE(::mkdtemp(name.data()) != nullptr);
-        return std::filesystem::canonical(name).string();
-    }
-};
 
 struct NativeVolume {
     TempFolder folder;
@@ -85,9 +71,9 @@ TEST_CASE_FIXTURE(NativeVolume, "permissions show as attributes and are kept") {
     REQUIRE(changeFinderInfo(*volume, "a", "APPLttxt") == 0);
     CHECK(modeOf("._a") == 0604);
     setMode("a", 0444);
-    uint32_t bits = 0;
-    REQUIRE(volume->attributes("a", bits) == 0);
-    CHECK(bits == 0x21);
+    pc::Opened opened;
+    REQUIRE(volume->openForQuery("a", opened) == 0);
+    CHECK(opened.attributes == 0x21);
     CHECK(volume->remove("a") == 5);
     CHECK(folder.has("._a"));
 }

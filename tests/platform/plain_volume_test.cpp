@@ -61,3 +61,26 @@ TEST_CASE_FIXTURE(PlainVolumes, "long names have 8.3 names in every component, t
         CHECK(shortPathOf(*ntfs, name) == alias);
     }
 }
+
+TEST_CASE_FIXTURE(PlainVolumes,
+                  "streams go with the file that is created anew, unless the volume keeps them") {
+    const auto begin = [&] {
+        REQUIRE(writeFile(*ntfs, "a", "data") == 0);
+        for (const char* stream : {"a:one", "a:two"})
+            REQUIRE(writeFile(*ntfs, stream, stream) == 0);
+    };
+    begin();
+    REQUIRE(openError(*ntfs, "A", truncateExisting) == 0);
+    CHECK(contentsOf(*ntfs, "a").empty());
+    REQUIRE(writeFile(*ntfs, "a:ONE", "1") == 0);
+    CHECK(contentsOf(*ntfs, "a:one") + contentsOf(*ntfs, "a:two") == "1a:two");
+    REQUIRE(openError(*ntfs, "A", createAlways) == 0);
+    CHECK(folder.names() == std::vector<std::string>{"a"});
+    ntfs->setKeepsStreams(true);
+    begin();
+    REQUIRE(openError(*ntfs, "a", createAlways) == 0);
+    CHECK(contentsOf(*ntfs, "a:one") == "a:one");
+    REQUIRE(ntfs->remove("a:one") == 0);
+    REQUIRE(ntfs->remove("a") == 0);
+    CHECK(folder.names().empty());
+}

@@ -37,8 +37,8 @@ std::string contentsOf(pc::Volume& volume, const std::string& path) {
 }
 
 bool existsOn(pc::Volume& volume, const std::string& path) {
-    uint32_t bits = 0;
-    return volume.attributes(path, bits) == 0;
+    pc::Opened opened;
+    return volume.openForQuery(path, opened) == 0;
 }
 
 std::string shortPathOf(pc::Volume& volume, const std::string& path) {
@@ -58,7 +58,7 @@ pc::Error changeFinderInfo(pc::Volume& volume, const std::string& item, const st
     pc::Opened opened;
     pc::Error error = openFile(volume, item + kFinderFile, openExisting, opened);
     if (error != 0) return error;
-    std::string record(pc::kFinderRecordSize, '\0');
+    std::string record(sizeof(pc::FinderRecord), '\0');
     size_t got = 0;
     error = opened.file->read(0, record.data(), record.size(), got);
     record.replace(523, info.size(), info);

@@ -1,4 +1,4 @@
-#include "pc/apple_double/apple_double_header.h"
+#include "pc/apple_double/apple_double_layout.h"
 
 #include "base/byte_order.h"
 

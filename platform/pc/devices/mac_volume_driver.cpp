@@ -3,7 +3,6 @@
 #include "base/byte_order.h"
 #include "pc/names/utf8.h"
 #include "pc/pc.h"
-#include "pc/volumes/mac_directory.h"
 
 #include <windows.h>
 

@@ -85,16 +85,80 @@ class NativeFile final : public HostFile {
     NativeFile(const NativeFile&) = delete;
     NativeFile& operator=(const NativeFile&) = delete;
 
-    Error close() override;
-    Error read(uint64_t offset, void* buffer, size_t count, size_t& got) override;
-    Error size(uint64_t& bytes) override;
-    Error flush() override;
-    Error status(HostStatus& status) const override;
-    void takePermissions(const std::string& path, bool ownerWrites) override;
+    Error close() override {
+        const int descriptor = std::exchange(descriptor_, -1);
+        // Not again after an interruption: the descriptor is gone all the same.
+        return descriptor < 0 || ::close(descriptor) == 0 || errno == EINTR ? 0 : errorFrom(errno);
+    }
+
+    Error read(uint64_t offset, void* buffer, size_t count, size_t& got) override {
+        got = 0;
+        while (got < count && offset + got <= static_cast<uint64_t>(LLONG_MAX)) {
+            const ssize_t done = ::pread(descriptor_, static_cast<char*>(buffer) + got, count - got,
+                                         static_cast<off_t>(offset + got));
+            if (done == 0) break;
+            if (done > 0) {
+                got += static_cast<size_t>(done);
+            } else if (errno != EINTR) {
+                return errorFrom(errno);
+            }
+        }
+        return 0;
+    }
+
+    Error size(uint64_t& bytes) override {
+        struct stat raw;
+        if (::fstat(descriptor_, &raw) != 0) return errorFrom(errno);
+        bytes = static_cast<uint64_t>(raw.st_size);
+        return 0;
+    }
+
+    Error flush() override {
+        while (::fsync(descriptor_) != 0) {
+            if (errno == EINVAL) return 0;  // a file system that keeps nothing back
+            if (errno != EINTR) return errorFrom(errno);
+        }
+        return 0;
+    }
+
+    Error status(HostStatus& status) const override {
+        struct stat raw;
+        if (::fstat(descriptor_, &raw) != 0) return errorFrom(errno);
+        status = statusFrom(raw);
+        return 0;
+    }
+
+    void takePermissions(const std::string& path, bool ownerWrites) override {
+        struct stat raw;
+        if (::stat(path.c_str(), &raw) != 0) return;
+        // Where the host does not let the owner be changed, the file stays the caller's own.
+        if (::fchown(descriptor_, raw.st_uid, raw.st_gid) != 0) errno = 0;
+        const mode_t least = ownerWrites ? S_IRUSR | S_IWUSR : 0;
+        if (::fchmod(descriptor_, (raw.st_mode & kNewFileMode) | least) != 0) errno = 0;
+    }
 
   protected:
-    Error writeAll(uint64_t offset, const void* buffer, size_t count) override;
-    Error resize(uint64_t bytes) override;
+    Error writeAll(uint64_t offset, const void* buffer, size_t count) override {
+        for (size_t written = 0; written < count;) {
+            const ssize_t done = ::pwrite(descriptor_, static_cast<const char*>(buffer) + written,
+                                          count - written, static_cast<off_t>(offset + written));
+            if (done == 0) return ERROR_DISK_FULL;
+            if (done > 0) {
+                written += static_cast<size_t>(done);
+            } else if (errno != EINTR) {
+                return errorFrom(errno);
+            }
+        }
+        return 0;
+    }
+
+    Error resize(uint64_t bytes) override {
+        while (::ftruncate(descriptor_, static_cast<off_t>(bytes)) != 0) {
+            // A descriptor that is not open for writing gives EINVAL.
+            if (errno != EINTR) return errno == EINVAL ? ERROR_ACCESS_DENIED : errorFrom(errno);
+        }
+        return 0;
+    }
 
   private:
     int descriptor_;
@@ -102,163 +166,81 @@ class NativeFile final : public HostFile {
 
 class NativeHost final : public Host {
   public:
-    Error status(const std::string& path, HostStatus& status) override;
-    Error list(const std::string& folder, std::vector<HostItem>& items) override;
-    Error remove(const std::string& path) override;
-    Error replace(const std::string& from, const std::string& to) override;
-    Error move(const std::string& from, const std::string& to) override;
-    std::string absolute(const std::string& path) override;
-    Error open(const std::string& path, const HostAccess& access, std::shared_ptr<SpaceLimit> space,
-               std::unique_ptr<HostFile>& file) override;
-    unsigned long process() override { return static_cast<unsigned long>(::getpid()); }
-};
-
-Error NativeHost::status(const std::string& path, HostStatus& status) {
-    struct stat raw;
-    if (::stat(path.c_str(), &raw) != 0) return pathError(path);
-    status = statusFrom(raw);
-    return 0;
-}
-
-Error NativeHost::list(const std::string& folder, std::vector<HostItem>& items) {
-    items.clear();
-    DIR* const directory = ::opendir(folder.c_str());
-    if (directory == nullptr) return pathError(folder);
-    errno = 0;
-    while (const dirent* const entry = ::readdir(directory)) {
-        const std::string_view name = entry->d_name;
-        if (name != "." && name != "..") items.push_back({std::string(name), isFolder(folder, *entry)});
-        errno = 0;
-    }
-    const Error error = errno != 0 ? errorFrom(errno) : 0;
-    ::closedir(directory);
-    return error;
-}
-
-Error NativeHost::remove(const std::string& path) {
-    return ::unlink(path.c_str()) == 0 ? 0 : pathError(path);
-}
-
-Error NativeHost::replace(const std::string& from, const std::string& to) {
-    return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : pathError(to);
-}
-
-Error NativeHost::move(const std::string& from, const std::string& to) {
-    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
-    if (errno != EINVAL && errno != ENOSYS) return pathError(to);
-    // A file system that cannot do it in one step.
-    struct stat there;
-    return ::lstat(to.c_str(), &there) == 0 ? ERROR_FILE_EXISTS : replace(from, to);
-}
-
-std::string NativeHost::absolute(const std::string& path) {
-    char* const resolved = ::realpath(path.c_str(), nullptr);
-    if (resolved == nullptr) return path;
-    std::string absolute = resolved;
-    std::free(resolved);
-    return absolute;
-}
-
-Error NativeHost::open(const std::string& path, const HostAccess& access, std::shared_ptr<SpaceLimit> space,
-                       std::unique_ptr<HostFile>& file) {
-    struct stat raw;
-    if (!access.create) {
+    Error status(const std::string& path, HostStatus& status) override {
+        struct stat raw;
         if (::stat(path.c_str(), &raw) != 0) return pathError(path);
-        if (!S_ISREG(raw.st_mode)) return ERROR_ACCESS_DENIED;
+        status = statusFrom(raw);
+        return 0;
     }
-    // A FIFO that takes the file's place right now must not make the open wait.
-    int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-    flags |= access.write ? (access.read ? O_RDWR : O_WRONLY) : O_RDONLY;
-    if (access.create) flags |= O_CREAT | O_EXCL;
-    const int descriptor = ::open(path.c_str(), flags, kNewFileMode);
-    if (descriptor < 0) return pathError(path);
-    auto opened = std::make_unique<NativeFile>(descriptor, std::move(space));
-    if (::fstat(descriptor, &raw) != 0) {
-        const Error error = errorFrom(errno);
-        if (access.create) ::unlink(path.c_str());
+
+    Error list(const std::string& folder, std::vector<HostItem>& items) override {
+        items.clear();
+        DIR* const directory = ::opendir(folder.c_str());
+        if (directory == nullptr) return pathError(folder);
+        errno = 0;
+        while (const dirent* const entry = ::readdir(directory)) {
+            const std::string_view name = entry->d_name;
+            if (name != "." && name != "..") items.push_back({std::string(name), isFolder(folder, *entry)});
+            errno = 0;
+        }
+        const Error error = errno != 0 ? errorFrom(errno) : 0;
+        ::closedir(directory);
         return error;
     }
-    if (!S_ISREG(raw.st_mode)) return ERROR_ACCESS_DENIED;
-    // Whatever the mask of the process: a file is opened again after it was made, and perhaps deleted.
-    if (access.create && (raw.st_mode & S_IWUSR) == 0 && ::fchmod(descriptor, raw.st_mode | S_IWUSR) != 0)
-        errno = 0;
-    file = std::move(opened);
-    return 0;
-}
 
-Error NativeFile::close() {
-    const int descriptor = std::exchange(descriptor_, -1);
-    // Not again after an interruption: the descriptor is gone all the same.
-    return descriptor < 0 || ::close(descriptor) == 0 || errno == EINTR ? 0 : errorFrom(errno);
-}
+    Error remove(const std::string& path) override {
+        return ::unlink(path.c_str()) == 0 ? 0 : pathError(path);
+    }
 
-Error NativeFile::read(uint64_t offset, void* buffer, size_t count, size_t& got) {
-    got = 0;
-    while (got < count && offset + got <= static_cast<uint64_t>(LLONG_MAX)) {
-        const ssize_t done = ::pread(descriptor_, static_cast<char*>(buffer) + got, count - got,
-                                     static_cast<off_t>(offset + got));
-        if (done == 0) break;
-        if (done > 0) {
-            got += static_cast<size_t>(done);
-        } else if (errno != EINTR) {
-            return errorFrom(errno);
+    Error replace(const std::string& from, const std::string& to) override {
+        return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : pathError(to);
+    }
+
+    Error move(const std::string& from, const std::string& to) override {
+        if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+        if (errno != EINVAL && errno != ENOSYS) return pathError(to);
+        // A file system that cannot do it in one step.
+        struct stat there;
+        return ::lstat(to.c_str(), &there) == 0 ? ERROR_FILE_EXISTS : replace(from, to);
+    }
+
+    std::string absolute(const std::string& path) override {
+        char* const resolved = ::realpath(path.c_str(), nullptr);
+        if (resolved == nullptr) return path;
+        std::string absolute = resolved;
+        std::free(resolved);
+        return absolute;
+    }
+
+    Error open(const std::string& path, const HostAccess& access, std::shared_ptr<SpaceLimit> space,
+               std::unique_ptr<HostFile>& file) override {
+        struct stat raw;
+        if (!access.create) {
+            if (::stat(path.c_str(), &raw) != 0) return pathError(path);
+            if (!S_ISREG(raw.st_mode)) return ERROR_ACCESS_DENIED;
         }
-    }
-    return 0;
-}
-
-Error NativeFile::writeAll(uint64_t offset, const void* buffer, size_t count) {
-    for (size_t written = 0; written < count;) {
-        const ssize_t done = ::pwrite(descriptor_, static_cast<const char*>(buffer) + written,
-                                      count - written, static_cast<off_t>(offset + written));
-        if (done == 0) return ERROR_DISK_FULL;
-        if (done > 0) {
-            written += static_cast<size_t>(done);
-        } else if (errno != EINTR) {
-            return errorFrom(errno);
+        // A FIFO that takes the file's place right now must not make the open wait.
+        int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+        flags |= access.write ? (access.read ? O_RDWR : O_WRONLY) : O_RDONLY;
+        if (access.create) flags |= O_CREAT | O_EXCL;
+        const int descriptor = ::open(path.c_str(), flags, kNewFileMode);
+        if (descriptor < 0) return pathError(path);
+        auto opened = std::make_unique<NativeFile>(descriptor, std::move(space));
+        if (::fstat(descriptor, &raw) != 0) {
+            const Error error = errorFrom(errno);
+            if (access.create) ::unlink(path.c_str());
+            return error;
         }
+        if (!S_ISREG(raw.st_mode)) return ERROR_ACCESS_DENIED;
+        // Whatever the mask of the process: a file is opened again after it was made, and perhaps deleted.
+        if (access.create && (raw.st_mode & S_IWUSR) == 0 && ::fchmod(descriptor, raw.st_mode | S_IWUSR) != 0)
+            errno = 0;
+        file = std::move(opened);
+        return 0;
     }
-    return 0;
-}
 
-Error NativeFile::size(uint64_t& bytes) {
-    struct stat raw;
-    if (::fstat(descriptor_, &raw) != 0) return errorFrom(errno);
-    bytes = static_cast<uint64_t>(raw.st_size);
-    return 0;
-}
-
-Error NativeFile::resize(uint64_t bytes) {
-    while (::ftruncate(descriptor_, static_cast<off_t>(bytes)) != 0) {
-        // A descriptor that is not open for writing gives EINVAL.
-        if (errno != EINTR) return errno == EINVAL ? ERROR_ACCESS_DENIED : errorFrom(errno);
-    }
-    return 0;
-}
-
-Error NativeFile::flush() {
-    while (::fsync(descriptor_) != 0) {
-        if (errno == EINVAL) return 0;  // a file system that keeps nothing back
-        if (errno != EINTR) return errorFrom(errno);
-    }
-    return 0;
-}
-
-Error NativeFile::status(HostStatus& status) const {
-    struct stat raw;
-    if (::fstat(descriptor_, &raw) != 0) return errorFrom(errno);
-    status = statusFrom(raw);
-    return 0;
-}
-
-void NativeFile::takePermissions(const std::string& path, bool ownerWrites) {
-    struct stat raw;
-    if (::stat(path.c_str(), &raw) != 0) return;
-    // Where the host does not let the owner be changed, the file stays the caller's own.
-    if (::fchown(descriptor_, raw.st_uid, raw.st_gid) != 0) errno = 0;
-    const mode_t least = ownerWrites ? S_IRUSR | S_IWUSR : 0;
-    if (::fchmod(descriptor_, (raw.st_mode & kNewFileMode) | least) != 0) errno = 0;
-}
+    unsigned long process() override { return static_cast<unsigned long>(::getpid()); }
+};
 
 }  // namespace
 

@@ -10,11 +10,11 @@ namespace pc {
 
 namespace {
 
-constexpr uint64_t kBlock = 0x10000;
 constexpr size_t kLongestName = 255;
+constexpr uint64_t kMostBytes = 0x40000000;
 
-// The bytes of a file. Blocks are shared with copies until they are written to; what no block has is 0, so
-// that a hole of gigabytes takes none.
+// The bytes of a file, shared with its copies until one is written to. What lies behind them is 0: a hole at
+// the end takes no memory.
 class Contents {
   public:
     uint64_t size() const { return size_; }
@@ -22,60 +22,35 @@ class Contents {
     size_t read(uint64_t offset, void* buffer, size_t count) const {
         if (offset >= size_) return 0;
         count = static_cast<size_t>(std::min<uint64_t>(count, size_ - offset));
-        for (size_t done = 0; done < count;) {
-            const Piece piece(offset + done, count - done);
-            char* const to = static_cast<char*>(buffer) + done;
-            const auto found = blocks_.find(piece.block);
-            const size_t there = found == blocks_.end() || found->second->size() <= piece.start
-                                     ? 0
-                                     : std::min(found->second->size() - piece.start, piece.count);
-            if (there != 0) std::memcpy(to, found->second->data() + piece.start, there);
-            std::memset(to + there, 0, piece.count - there);
-            done += piece.count;
-        }
+        const size_t start = static_cast<size_t>(std::min<uint64_t>(offset, bytes_->size()));
+        const size_t there = std::min(count, bytes_->size() - start);
+        std::memcpy(buffer, bytes_->data() + start, there);
+        std::memset(static_cast<char*>(buffer) + there, 0, count - there);
         return count;
     }
 
-    void write(uint64_t offset, const void* buffer, size_t count) {
-        for (size_t done = 0; done < count;) {
-            const Piece piece(offset + done, count - done);
-            std::string& block = ownBlock(piece.block);
-            if (block.size() < piece.start + piece.count) block.resize(piece.start + piece.count);
-            std::memcpy(block.data() + piece.start, static_cast<const char*>(buffer) + done, piece.count);
-            done += piece.count;
-        }
-        size_ = std::max(size_, offset + count);
+    bool write(uint64_t offset, const void* buffer, size_t count) {
+        const uint64_t end = offset + count;
+        if (end > kMostBytes) return false;
+        std::string& bytes = own();
+        if (bytes.size() < end) bytes.resize(static_cast<size_t>(end));
+        std::memcpy(bytes.data() + offset, buffer, count);
+        size_ = std::max(size_, end);
+        return true;
     }
 
     void resize(uint64_t bytes) {
-        blocks_.erase(blocks_.lower_bound((bytes + kBlock - 1) / kBlock), blocks_.end());
-        const size_t tail = bytes % kBlock;
-        const auto last = blocks_.find(bytes / kBlock);
-        if (last != blocks_.end() && last->second->size() > tail) ownBlock(bytes / kBlock).resize(tail);
+        if (bytes < bytes_->size()) own().resize(static_cast<size_t>(bytes));
         size_ = bytes;
     }
 
   private:
-    // The part of a transfer that lies in its first block.
-    struct Piece {
-        uint64_t block;
-        size_t start;
-        size_t count;
-
-        Piece(uint64_t offset, size_t left)
-            : block(offset / kBlock),
-              start(static_cast<size_t>(offset % kBlock)),
-              count(std::min<size_t>(left, kBlock - start)) {}
-    };
-
-    std::string& ownBlock(uint64_t index) {
-        std::shared_ptr<std::string>& block = blocks_[index];
-        if (block == nullptr) block = std::make_shared<std::string>();
-        if (block.use_count() > 1) block = std::make_shared<std::string>(*block);
-        return *block;
+    std::string& own() {
+        if (bytes_.use_count() > 1) bytes_ = std::make_shared<std::string>(*bytes_);
+        return *bytes_;
     }
 
-    std::map<uint64_t, std::shared_ptr<std::string>> blocks_;
+    std::shared_ptr<std::string> bytes_ = std::make_shared<std::string>();
     uint64_t size_ = 0;
 };
 
@@ -133,7 +108,7 @@ class MemoryFile final : public HostFile {
   protected:
     Error writeAll(uint64_t offset, const void* buffer, size_t count) override {
         if (!access_.write) return ERROR_ACCESS_DENIED;
-        node_->now.write(offset, buffer, count);
+        if (!node_->now.write(offset, buffer, count)) return ERROR_DISK_FULL;
         node_->modified = std::time(nullptr);
         return 0;
     }
@@ -227,7 +202,7 @@ Error MemoryHost::open(const std::string& path, const HostAccess& access, std::s
                        std::unique_ptr<HostFile>& file) {
     Place place;
     Error error = findFile(path, place);
-    if (access.create && place.node != nullptr) return ERROR_FILE_EXISTS;
+    if (access.create && (error == 0 || error == ERROR_ACCESS_DENIED)) return ERROR_FILE_EXISTS;
     if (access.create && error == ERROR_FILE_NOT_FOUND) {
         error = 0;
         place.node = place.folder->names[place.name] = std::make_shared<Node>();
@@ -269,47 +244,47 @@ Error MemoryHost::setWritable(const std::string& path, bool writable) {
     return error;
 }
 
+template <typename Action>
+void MemoryHost::forEachFolder(Action action) {
+    std::vector<NodeRef> folders = {root_};
+    for (size_t i = 0; i < folders.size(); ++i) {
+        const NodeRef folder = folders[i];
+        action(*folder);
+        for (const auto& [name, node] : folder->names) {
+            if (node->folder) folders.push_back(node);
+        }
+    }
+}
+
 // A stream, which a ":" in its name tells, is kept in the record of its file: that has its name then, too.
 void MemoryHost::flush(const NodeRef& file) {
     file->flushed = file->now;
-    std::vector<NodeRef> folders = {root_};
-    for (size_t i = 0; i < folders.size(); ++i) {
-        const NodeRef folder = folders[i];
-        std::erase_if(folder->behind, [&](const auto& entry) { return entry.second == file; });
-        for (const auto& [name, node] : folder->names) {
-            if (node->folder) folders.push_back(node);
-            if (node != file) continue;
-            folder->ahead[name] = folder->behind[name] = node;
-            const std::string owner = name.substr(0, name.find(':'));
-            const auto found = folder->names.find(owner);
-            if (found != folder->names.end()) folder->ahead[owner] = folder->behind[owner] = found->second;
+    forEachFolder([&](Node& folder) {
+        std::erase_if(folder.behind, [&](const auto& entry) { return entry.second == file; });
+        for (const auto& [name, node] : folder.names) {
+            const auto owner = folder.names.find(name.substr(0, name.find(':')));
+            if (node == file) folder.ahead[name] = folder.behind[name] = node;
+            if (node == file && owner != folder.names.end())
+                folder.ahead[owner->first] = folder.behind[owner->first] = owner->second;
         }
-    }
+    });
 }
 
 void MemoryHost::flushAll() {
-    std::vector<NodeRef> folders = {root_};
-    for (size_t i = 0; i < folders.size(); ++i) {
-        const NodeRef folder = folders[i];
-        folder->ahead = folder->behind = folder->names;
-        for (const auto& [name, node] : folder->names) {
-            if (node->folder) folders.push_back(node);
+    forEachFolder([](Node& folder) {
+        folder.ahead = folder.behind = folder.names;
+        for (const auto& [name, node] : folder.names)
             node->flushed = node->now;
-        }
-    }
+    });
 }
 
 void MemoryHost::losePower(PowerCut cut) {
-    std::vector<NodeRef> folders = {root_};
-    for (size_t i = 0; i < folders.size(); ++i) {
-        const NodeRef folder = folders[i];
-        folder->names = cut == PowerCut::keepsNames ? folder->ahead : folder->behind;
-        folder->ahead = folder->behind = folder->names;
-        for (const auto& [name, node] : folder->names) {
-            if (node->folder) folders.push_back(node);
+    forEachFolder([cut](Node& folder) {
+        folder.names = cut == PowerCut::keepsNames ? folder.ahead : folder.behind;
+        folder.ahead = folder.behind = folder.names;
+        for (const auto& [name, node] : folder.names)
             node->now = node->flushed;
-        }
-    }
+    });
 }
 
 }  // namespace pc

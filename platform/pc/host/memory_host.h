@@ -46,6 +46,9 @@ class MemoryHost final : public Host {
     Error find(std::string_view path, Place& place) const;
     Error findFile(const std::string& path, Place& place) const;
     void flush(const NodeRef& file);
+    // From the root on; `action` may change what names the folder has.
+    template <typename Action>
+    void forEachFolder(Action action);
 
     NodeRef root_;
 };

@@ -61,13 +61,9 @@ std::string hostNameFromMac(std::string_view macRoman) {
     return usableOnHost(utf8FromMacRoman(macRoman));
 }
 
-std::string hostNameFromUnicodeMac(std::u16string_view macName) {
-    return usableOnHost(utf8FromUtf16(macName));
-}
-
 std::string hostNameFor(const MacName& macName) {
     if (const auto* const roman = std::get_if<std::string>(&macName)) return hostNameFromMac(*roman);
-    return hostNameFromUnicodeMac(std::get<std::u16string>(macName));
+    return usableOnHost(utf8FromUtf16(std::get<std::u16string>(macName)));
 }
 
 bool hasOneHostName(const MacName& macName) {

@@ -24,7 +24,6 @@ std::u16string unicodeMacNameFromHost(std::string_view hostName);
 // What Windows shows for the name leads to it: a stand-in for a reserved character becomes that character,
 // or, where the host is Windows, the other way round.
 std::string hostNameFromMac(std::string_view macRoman);
-std::string hostNameFromUnicodeMac(std::u16string_view macName);
 std::string hostNameFor(const MacName& macName);
 
 // Whether no host name but the usual one can stand for this Mac name: it is plain ASCII, in which nothing is

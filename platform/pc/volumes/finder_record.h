@@ -2,40 +2,41 @@
 #ifndef TIDEWELL_PLATFORM_PC_VOLUMES_FINDER_RECORD_H
 #define TIDEWELL_PLATFORM_PC_VOLUMES_FINDER_RECORD_H
 
-#include <array>
+#include "base/byte_order.h"
+
 #include <cstddef>
 #include <cstdint>
-#include <string>
 
 namespace pc {
 
-constexpr size_t kFinderRecordSize = 1155;
-using FinderRecord = std::array<uint8_t, kFinderRecordSize>;
-
-// What a record keeps and a writer may change.
-struct FinderSettings {
-    // FInfo as the Mac has it: type, creator, flags, vertical and horizontal position, window.
-    std::array<uint8_t, 16> info = {};
-    uint8_t attributes = 0;
+// Numbers are little-endian, as Windows has them, but for those within FInfo. A writer may change `info` and
+// `attributes`.
+struct FinderRecord {
+    uint8_t unused0[513];
+    tidewell::Le<uint32_t> filesOnVolume;    // the root folder
+    tidewell::Le<uint32_t> foldersOnVolume;  // the root folder
+    uint8_t attributes;
+    uint8_t unused1;
+    uint8_t info[16];  // FInfo as the Mac has it: type, creator, flags, position, window
+    uint8_t unused2[16];
+    union {
+        tidewell::Le<uint32_t> dataLength;  // files; lengths above 4 GB - 1 show as that
+        struct {
+            uint8_t root;  // 1: the volume's root folder
+            tidewell::Le<uint32_t> items;
+        } folder;
+    };
+    uint8_t unused3[11];
+    tidewell::Le<uint32_t> resourceLength;  // files
+    uint8_t unused4[32];
+    uint8_t macNameLength;
+    char macName[31];                      // Mac Roman
+    tidewell::Le<uint16_t> unicodeLength;  // bytes
+    tidewell::Le<uint16_t> unicodeName[255];
+    uint8_t unused5[4];
 };
-
-struct FinderDescription {
-    FinderSettings settings;
-    std::string macName;          // Mac Roman; at most 31 bytes are shown
-    std::u16string unicodeName;   // at most 255 units are shown
-    uint64_t dataLength = 0;      // files; lengths above 4 GB - 1 show as that
-    uint64_t resourceLength = 0;  // files
-    bool folder = false;
-    bool root = false;             // the volume's root folder
-    uint32_t items = 0;            // folders
-    uint32_t filesOnVolume = 0;    // the root folder
-    uint32_t foldersOnVolume = 0;  // the root folder
-};
-
-FinderRecord makeFinderRecord(const FinderDescription& description);
-
-// `record` is kFinderRecordSize bytes; what cannot be changed in it is not looked at.
-FinderSettings settingsOf(const uint8_t* record);
+static_assert(sizeof(FinderRecord) == 1155 && offsetof(FinderRecord, info) == 523);
+static_assert(offsetof(FinderRecord, resourceLength) == 571 && offsetof(FinderRecord, macNameLength) == 607);
 
 }  // namespace pc
 

@@ -1,11 +1,14 @@
 #include "pc/volumes/mac_item.h"
 
-#include "base/byte_order.h"
 #include "pc/names/mac_host_name.h"
+#include "pc/volumes/finder_record.h"
 
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
+#include <cstring>
+#include <iterator>
 #include <utility>
 
 namespace pc {
@@ -67,12 +70,74 @@ std::vector<uint8_t> fileDates(int64_t modified) {
     return {bytes, bytes + sizeof dates};
 }
 
+// What a record keeps and a writer may change.
+struct FinderSettings {
+    std::array<uint8_t, 16> info = {};
+    uint8_t attributes = 0;
+};
+
 Error readSettings(const AppleDouble& store, FinderSettings& settings) {
     settings = FinderSettings();
     size_t got = 0;
     Error error = store.read(kFinderInfo, 0, settings.info.data(), settings.info.size(), got);
     if (error == 0) error = store.read(kMacFileInfo, kAttributeOffset, &settings.attributes, 1, got);
     return error;
+}
+
+std::string macNameOf(const MacItem& item, const AppleDouble& store) {
+    std::string realName(std::min<size_t>(store.length(kRealName), kLongestRealName), '\0');
+    size_t got = 0;
+    const Error error = store.read(kRealName, 0, realName.data(), realName.size(), got);
+    const bool current = error == 0 && got != 0 && hostNameFromMac(realName) == item.name;
+    return current ? realName : macNameFromHost(item.name);
+}
+
+uint32_t shownLength(uint64_t length) {
+    return static_cast<uint32_t>(std::min<uint64_t>(length, UINT32_MAX));
+}
+
+Error describeItem(Host& host, const MacItem& item, const AppleDouble& store, FinderRecord& record) {
+    FinderSettings settings;
+    const Error error = readSettings(store, settings);
+    if (error != 0) return error;
+    std::memset(static_cast<void*>(&record), 0, sizeof record);
+    record.attributes = settings.attributes;
+    std::copy(settings.info.begin(), settings.info.end(), record.info);
+    if (item.status.kind == HostKind::folder) {
+        record.folder.root = item.root ? 1 : 0;
+        record.folder.items = countItems(host, item.path, nullptr).items();
+    } else {
+        record.dataLength = shownLength(item.status.size);
+        record.resourceLength = shownLength(store.length(kResourceFork));
+    }
+    if (item.root) {
+        const Counts counts = countVolume(host, item);
+        record.filesOnVolume = counts.files;
+        record.foldersOnVolume = counts.folders;
+    }
+    const std::string macName = macNameOf(item, store).substr(0, sizeof record.macName);
+    record.macNameLength = static_cast<uint8_t>(macName.size());
+    std::copy(macName.begin(), macName.end(), record.macName);
+    const std::u16string unicodeName = unicodeMacNameFromHost(item.name);
+    record.unicodeLength = static_cast<uint16_t>(2 * unicodeName.size());
+    std::copy(unicodeName.begin(), unicodeName.end(), record.unicodeName);
+    return 0;
+}
+
+Error keepSettings(const MacItem& item, const FinderSettings& settings, AppleDouble& store) {
+    FinderSettings old;
+    const Error error = readSettings(store, old);
+    if (error != 0) return error;
+    std::vector<AppleDoubleEdit> edits;
+    if (!store.exists()) edits = newAppleDoubleEntries(item);
+    if (!store.exists() || settings.info != old.info) {
+        edits.push_back({kFinderInfo, 0, {settings.info.begin(), settings.info.end()}, kFinderEntryLength});
+    }
+    const bool room = store.has(kMacFileInfo) || !store.hasMacAttributes();
+    if (settings.attributes != old.attributes && room) {
+        edits.push_back({kMacFileInfo, kAttributeOffset, {settings.attributes}, kAttributesLength});
+    }
+    return edits.empty() ? 0 : store.edit(edits, item.path);
 }
 
 class ResourceForkFile final : public File {
@@ -109,27 +174,30 @@ class FinderInfoFile final : public File {
             if (error == 0) error = describeItem(host_, item_, *store_, record_);
             if (error != 0) return error;
         }
-        if (offset >= record_.size()) return 0;
-        got = static_cast<size_t>(std::min<uint64_t>(count, record_.size() - offset));
-        std::copy_n(record_.data() + offset, got, static_cast<uint8_t*>(buffer));
+        if (offset >= sizeof record_) return 0;
+        got = static_cast<size_t>(std::min<uint64_t>(count, sizeof record_ - offset));
+        std::memcpy(buffer, reinterpret_cast<const uint8_t*>(&record_) + offset, got);
         return 0;
     }
 
     Error write(uint64_t offset, const void* buffer, size_t count) override {
         if (count == 0) return 0;
-        if (offset != 0 || count != kFinderRecordSize) return ERROR_INVALID_PARAMETER;
+        if (offset != 0 || count != sizeof record_) return ERROR_INVALID_PARAMETER;
         const Error error = host_.status(item_.path, item_.status);
         if (error != 0) return error;
-        return keepSettings(item_, settingsOf(static_cast<const uint8_t*>(buffer)), *store_);
+        FinderRecord record;
+        FinderSettings settings;
+        std::memcpy(&record, buffer, sizeof record);
+        std::copy(std::begin(record.info), std::end(record.info), settings.info.begin());
+        settings.attributes = record.attributes;
+        return keepSettings(item_, settings, *store_);
     }
 
     Error size(uint64_t& bytes) override {
-        bytes = kFinderRecordSize;
+        bytes = sizeof record_;
         return 0;
     }
-    Error setSize(uint64_t bytes) override {
-        return bytes == kFinderRecordSize ? 0 : ERROR_INVALID_PARAMETER;
-    }
+    Error setSize(uint64_t bytes) override { return bytes == sizeof record_ ? 0 : ERROR_INVALID_PARAMETER; }
     Error flush() override { return flush_ == FinderFlush::toDisk ? store_->flush() : 0; }
 
   private:
@@ -137,7 +205,7 @@ class FinderInfoFile final : public File {
     MacItem item_;
     std::shared_ptr<AppleDouble> store_;
     FinderFlush flush_;
-    FinderRecord record_ = {};
+    FinderRecord record_;
 };
 
 }  // namespace
@@ -148,50 +216,6 @@ std::vector<AppleDoubleEdit> newAppleDoubleEntries(const MacItem& item) {
             {kFileDates, 0, fileDates(item.status.modified), 0},
             {kFinderInfo, 0, {}, kFinderEntryLength},
             {kMacFileInfo, 0, {}, kAttributesLength}};
-}
-
-std::string macNameOf(const MacItem& item, const AppleDouble& store) {
-    std::string realName(std::min<size_t>(store.length(kRealName), kLongestRealName), '\0');
-    size_t got = 0;
-    const Error error = store.read(kRealName, 0, realName.data(), realName.size(), got);
-    const bool current = error == 0 && got != 0 && hostNameFromMac(realName) == item.name;
-    return current ? realName : macNameFromHost(item.name);
-}
-
-Error describeItem(Host& host, const MacItem& item, const AppleDouble& store, FinderRecord& record) {
-    FinderDescription description;
-    const Error error = readSettings(store, description.settings);
-    if (error != 0) return error;
-    description.macName = macNameOf(item, store);
-    description.unicodeName = unicodeMacNameFromHost(item.name);
-    description.folder = item.status.kind == HostKind::folder;
-    description.root = item.root;
-    description.dataLength = item.status.size;
-    description.resourceLength = store.length(kResourceFork);
-    if (description.folder) description.items = countItems(host, item.path, nullptr).items();
-    if (item.root) {
-        const Counts counts = countVolume(host, item);
-        description.filesOnVolume = counts.files;
-        description.foldersOnVolume = counts.folders;
-    }
-    record = makeFinderRecord(description);
-    return 0;
-}
-
-Error keepSettings(const MacItem& item, const FinderSettings& settings, AppleDouble& store) {
-    FinderSettings old;
-    const Error error = readSettings(store, old);
-    if (error != 0) return error;
-    std::vector<AppleDoubleEdit> edits;
-    if (!store.exists()) edits = newAppleDoubleEntries(item);
-    if (!store.exists() || settings.info != old.info) {
-        edits.push_back({kFinderInfo, 0, {settings.info.begin(), settings.info.end()}, kFinderEntryLength});
-    }
-    const bool room = store.has(kMacFileInfo) || !store.hasMacAttributes();
-    if (settings.attributes != old.attributes && room) {
-        edits.push_back({kMacFileInfo, kAttributeOffset, {settings.attributes}, kAttributesLength});
-    }
-    return edits.empty() ? 0 : store.edit(edits, item.path);
 }
 
 std::unique_ptr<File> makeResourceForkFile(std::shared_ptr<AppleDouble> store) {

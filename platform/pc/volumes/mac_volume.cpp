@@ -3,7 +3,7 @@
 #include "pc/names/host_name.h"
 #include "pc/names/letter_case.h"
 #include "pc/names/mac_host_name.h"
-#include "pc/volumes/mac_directory.h"
+#include "pc/volumes/finder_record.h"
 #include "pc/volumes/mac_item.h"
 #include "pc/volumes/volume.h"
 #include "pc/volumes/volume_host.h"
@@ -38,7 +38,6 @@ class MacVolume final : public Volume, public MacDirectory {
     const char* fileSystemName() const override { return "HFS"; }
     Error open(const std::string& path, const OpenMode& mode, Opened& opened) override;
     Error openForQuery(const std::string& path, Opened& opened) override;
-    Error attributes(const std::string& path, uint32_t& bits) override;
     Error remove(const std::string& path) override;
     Error shortPath(const std::string& path, std::string& shortForm) override;
     void setFreeSpace(uint64_t bytes) override { host_.setFreeSpace(bytes); }
@@ -229,35 +228,21 @@ Error MacVolume::openForQuery(const std::string& path, Opened& opened) {
     Error error = locateExisting(path, place);
     if (error != 0) return error;
     HostStatus status = place.item.status;
-    opened.identity = status.identity;
-    if (place.fork != Fork::data) status.kind = HostKind::file;
-    if (place.fork == Fork::finderInfo) {
-        status.size = kFinderRecordSize;
-        opened.identity += "/finder";
-    } else if (place.fork == Fork::resource) {
+    if (place.fork == Fork::data) return answerQuery(status, opened);
+    const bool resource = place.fork == Fork::resource;
+    status.kind = HostKind::file;
+    status.size = sizeof(FinderRecord);
+    status.identity += resource ? "/resource" : "/finder";
+    if (resource) {
         Store store;
         error = openStore(place, store);
         if (error == 0 && !store->has(kResourceFork)) error = ERROR_FILE_NOT_FOUND;
         if (error != 0) return error;
         status.size = store->length(kResourceFork);
-        opened.identity += "/resource";
     }
-    opened.created = false;
-    opened.file = makeQueriedFile(status);
-    return 0;
-}
-
-Error MacVolume::attributes(const std::string& path, uint32_t& bits) {
-    Place place;
-    Error error = locateExisting(path, place);
-    if (error != 0) return error;
-    if (place.fork == Fork::data) return attributesOf(place.item.status, bits);
-    bits = FILE_ATTRIBUTE_NORMAL;
-    if (place.fork == Fork::finderInfo) return 0;
-    Store store;
-    error = openStore(place, store);
-    if (error != 0) return error;
-    return store->has(kResourceFork) ? 0 : ERROR_FILE_NOT_FOUND;
+    error = answerQuery(status, opened);
+    opened.attributes = FILE_ATTRIBUTE_NORMAL;
+    return error;
 }
 
 Error MacVolume::remove(const std::string& path) {
@@ -292,8 +277,8 @@ Error MacVolume::shortPath(const std::string& path, std::string& shortForm) {
     Place place;
     Error error = locateExisting(path, place);
     if (error == 0 && place.fork == Fork::resource) {
-        uint32_t bits = 0;
-        error = attributes(path, bits);
+        Opened opened;
+        error = openForQuery(path, opened);
     }
     if (error == 0) shortForm = path;
     return error;

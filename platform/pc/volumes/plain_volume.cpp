@@ -27,7 +27,6 @@ class PlainVolume final : public Volume {
     Error open(const std::string& path, const OpenMode& mode, Opened& opened) override;
     Error truncate(const std::string& path, uint32_t disposition, File& file) override;
     Error openForQuery(const std::string& path, Opened& opened) override;
-    Error attributes(const std::string& path, uint32_t& bits) override;
     Error remove(const std::string& path) override;
     Error shortPath(const std::string& path, std::string& shortForm) override;
     void setFreeSpace(uint64_t bytes) override { host_.setFreeSpace(bytes); }
@@ -206,19 +205,7 @@ Error PlainVolume::openForQuery(const std::string& path, Opened& opened) {
     Place place;
     Error error = locateExisting(path, place);
     if (error == 0 && !place.stream.empty()) error = host_->status(place.streamPath(), place.status);
-    if (error != 0) return error;
-    if (place.status.kind == HostKind::other) return ERROR_ACCESS_DENIED;
-    opened.identity = place.status.identity;
-    opened.created = false;
-    opened.file = makeQueriedFile(place.status);
-    return 0;
-}
-
-Error PlainVolume::attributes(const std::string& path, uint32_t& bits) {
-    Place place;
-    Error error = locateExisting(path, place);
-    if (error == 0 && !place.stream.empty()) error = host_->status(place.streamPath(), place.status);
-    return error != 0 ? error : attributesOf(place.status, bits);
+    return error == 0 ? answerQuery(place.status, opened) : error;
 }
 
 Error PlainVolume::remove(const std::string& path) {
@@ -227,9 +214,7 @@ Error PlainVolume::remove(const std::string& path) {
     if (error != 0) return error;
     if (!place.stream.empty()) return host_.remove(place.streamPath());
     error = host_.remove(place.path());
-    if (error != 0) return error;
-    shortNames_.forget(place.folder, windowsNameOf(place.name));
-    return ntfs() ? removeStreams(place) : 0;
+    return error == 0 && ntfs() ? removeStreams(place) : error;
 }
 
 Error PlainVolume::removeStreams(const Place& place) {

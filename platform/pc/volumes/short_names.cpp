@@ -69,8 +69,7 @@ std::string freeAlias(const std::string& name, const std::set<std::string>& take
     }
 }
 
-}  // namespace
-
+// At most eight characters, a period and three, none of them blank or special; in either letter case.
 bool isShortName(std::string_view name) {
     const size_t period = name.find('.');
     const std::string_view base = name.substr(0, period);
@@ -79,6 +78,8 @@ bool isShortName(std::string_view name) {
     if (usable(base) != upperCase(base) || usable(extension) != upperCase(extension)) return false;
     return countCharacters(base) <= kBaseLength && countCharacters(extension) <= kExtensionLength;
 }
+
+}  // namespace
 
 void ShortNames::assign(Aliases& aliases, const Names& existing, const Names& wanting) {
     const std::set<std::string> present(existing.begin(), existing.end());
@@ -110,11 +111,6 @@ std::string ShortNames::longNameOf(const std::string& folder, const std::string&
     const auto found = std::find_if(aliases.begin(), aliases.end(),
                                     [&](const auto& entry) { return entry.second == wanted; });
     return found == aliases.end() ? std::string() : found->first;
-}
-
-void ShortNames::forget(const std::string& folder, const std::string& name) {
-    const auto found = folders_.find(folder);
-    if (found != folders_.end()) found->second.erase(name);
 }
 
 }  // namespace pc

@@ -10,9 +10,6 @@
 
 namespace pc {
 
-// At most eight characters, a period and three, none of them blank or special; in either letter case.
-bool isShortName(std::string_view name);
-
 // Remembers which short name each file got: it keeps it while it exists. Names are UTF-8.
 class ShortNames {
   public:
@@ -26,8 +23,6 @@ class ShortNames {
     // The file in `folder` that has the short name `alias`, in any letter case; empty when there is none.
     // All files in `names` that need a short name get it.
     std::string longNameOf(const std::string& folder, const std::string& alias, Names names);
-
-    void forget(const std::string& folder, const std::string& name);
 
   private:
     using Aliases = std::map<std::string, std::string>;  // short names by long name

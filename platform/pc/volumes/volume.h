@@ -4,10 +4,26 @@
 
 #include "pc/file.h"
 #include "pc/host/host.h"
+#include "pc/names/mac_host_name.h"
 
 namespace pc {
 
-class MacDirectory;
+// The items of a Mac volume by their Mac names. Folders are paths as Volume has them.
+class MacDirectory {
+  public:
+    virtual ~MacDirectory() = default;
+
+    // The item with that Mac name in the folder, or the one that a file of that name would take the place of:
+    // two Mac names may stand for one host name. Mac information whose file is gone is an item, too.
+    // `windowsName` receives its name on Windows. 2: there is none, and `windowsName` is what `create` would
+    // give; 3: no such folder.
+    virtual Error find(const std::string& folder, const MacName& name, std::string& windowsName) = 0;
+
+    // Makes an empty file unless `find` finds one, which stays as it is. A Mac name in Mac Roman that its
+    // host name does not tell is kept beside it. 5: what is there is no file. After an error there is no new
+    // file.
+    virtual Error create(const std::string& folder, const MacName& name, std::string& windowsName) = 0;
+};
 
 // Paths given to a volume are UTF-8, relative to its root, components separated by '\', without a leading
 // one; the root itself is the empty path. A trailing '\' is allowed after a folder.
@@ -28,11 +44,8 @@ class Volume {
     // Empties a file that `open` has opened and not created, when the disposition says so.
     virtual Error truncate(const std::string& path, uint32_t disposition, File& file);
 
-    // As open, for a query of attributes only: neither reading nor writing, folders allowed.
+    // As open, for a query of attributes and size only: neither reading nor writing, folders allowed.
     virtual Error openForQuery(const std::string& path, Opened& opened) = 0;
-
-    // Win32's attribute bits.
-    virtual Error attributes(const std::string& path, uint32_t& bits) = 0;
 
     // Deletes a file together with everything kept beside it: its streams, or its Mac information.
     // A path of a stream deletes only the stream.

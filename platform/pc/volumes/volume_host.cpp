@@ -40,15 +40,13 @@ Error Volume::truncate(const std::string&, uint32_t disposition, File& file) {
     return error == 0 && size != 0 ? file.setSize(0) : error;
 }
 
-Error attributesOf(const HostStatus& status, uint32_t& bits) {
+Error answerQuery(const HostStatus& status, Opened& opened) {
     if (status.kind == HostKind::other) return ERROR_ACCESS_DENIED;
-    bits = status.kind == HostKind::folder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;
-    if (!status.ownerMayWrite) bits |= FILE_ATTRIBUTE_READONLY;
+    const bool folder = status.kind == HostKind::folder;
+    opened = {std::make_unique<QueriedFile>(folder ? 0 : status.size), status.identity};
+    opened.attributes = folder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_ARCHIVE;
+    if (!status.ownerMayWrite) opened.attributes |= FILE_ATTRIBUTE_READONLY;
     return 0;
-}
-
-std::unique_ptr<File> makeQueriedFile(const HostStatus& status) {
-    return std::make_unique<QueriedFile>(status.kind == HostKind::folder ? 0 : status.size);
 }
 
 Error VolumeHost::openWith(const std::string& path, const HostAccess& access, Opened& opened) const {

@@ -12,11 +12,9 @@ namespace pc {
 bool mayCreate(uint32_t disposition);
 bool truncates(uint32_t disposition);
 
-// Win32's attribute bits; 5 for what is neither file nor folder.
-Error attributesOf(const HostStatus& status, uint32_t& bits);
-
-// A file of which nothing but its size can be asked: it holds nothing of the host open.
-std::unique_ptr<File> makeQueriedFile(const HostStatus& status);
+// Gives a file of which nothing but its size can be asked: it holds nothing of the host open. 5 for what is
+// neither file nor folder.
+Error answerQuery(const HostStatus& status, Opened& opened);
 
 // Copies share the host and the space.
 class VolumeHost {
