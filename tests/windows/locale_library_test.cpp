@@ -86,10 +86,8 @@ TEST_CASE_FIXTURE(NamedLibrary, "With a library of texts every text is its own")
     CHECK(ResourceModule == GetModuleHandleA("TIDEWELL_DE.DLL"));
 
     const TestWindow label("");
-    CHECK(SetWindowTextFromString(label, IDS_CLOSE));
-    CHECK(windowText(label) ==
-          "S&chlie\xDF"
-          "en");
+    CHECK(SetWindowTextFromString(label, IDS_CANCEL));
+    CHECK(windowText(label) == "Abbrechen");
     char size[100] = "";
     FormatSize(5, size, sizeof size, FALSE);
     CHECK(std::string(size) == "5 Byte");
