@@ -9,9 +9,8 @@ constexpr LONG kDesktopShare = 10;
 
 POINT placeWithoutCascade(HWND window, const RECT& desktop) {
     HWND const owner = GetWindow(window, GW_OWNER);
-    if (!owner)
-        return {desktop.left + (desktop.right - desktop.left) / kDesktopShare,
-                desktop.top + (desktop.bottom - desktop.top) / kDesktopShare};
+    // The desktop begins at 0, 0.
+    if (!owner) return {desktop.right / kDesktopShare, desktop.bottom / kDesktopShare};
     POINT place = kFromOwner;
     ClientToScreen(owner, &place);
     return place;
@@ -22,6 +21,10 @@ POINT cascadeStep(HWND window, const RECT& frame) {
     POINT client = {0, 0};
     ClientToScreen(window, &client);
     return {client.x - frame.left + 1, client.y - frame.top + 1};
+}
+
+void moveTo(HWND window, LONG x, LONG y, UINT flags) {
+    SetWindowPos(window, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | flags);
 }
 
 LONG within(LONG position, LONG size, LONG limit) {
@@ -44,8 +47,7 @@ void PlaceWindow(HWND window, int cascadeIndex) {
     }
     place.x = within(place.x, frame.right - frame.left, desktop.right);
     place.y = within(place.y, frame.bottom - frame.top, desktop.bottom);
-    SetWindowPos(window, nullptr, place.x, place.y, 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+    moveTo(window, place.x, place.y, SWP_NOREDRAW);
 }
 
 void CentreWindow(HWND window) {
@@ -53,9 +55,8 @@ void CentreWindow(HWND window) {
     SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
     RECT frame = {};
     GetWindowRect(window, &frame);
-    SetWindowPos(window, nullptr, (area.left + area.right - (frame.right - frame.left)) / 2,
-                 (area.top + area.bottom - (frame.bottom - frame.top)) / 2, 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    moveTo(window, (area.left + area.right - (frame.right - frame.left)) / 2,
+           (area.top + area.bottom - (frame.bottom - frame.top)) / 2, 0);
 }
 
 void GrowWindow(HWND window, LONG height) {

@@ -4,6 +4,7 @@
 #include "res/resource.h"
 #include "support/modal_windows.h"
 #include "support/real_mac_file.h"
+#include "support/replaced_import_windows.h"
 #include "support/test_module_windows.h"
 
 #include <doctest/doctest.h>
@@ -29,6 +30,19 @@ RECT placeIn(HWND dialog, int control) {
     return place;
 }
 
+// How many properties the windows have that were not taken away again.
+int propertiesHeld = 0;
+
+BOOL WINAPI setProperty(HWND window, LPCSTR name, HANDLE value) {
+    ++propertiesHeld;
+    return systemFunction<decltype(&SetPropA)>("user32.dll", "SetPropA")(window, name, value);
+}
+
+HANDLE WINAPI removeProperty(HWND window, LPCSTR name) {
+    --propertiesHeld;
+    return systemFunction<decltype(&RemovePropA)>("user32.dll", "RemovePropA")(window, name);
+}
+
 LONG roomBelowButtons(HWND dialog) {
     RECT client = {};
     GetClientRect(dialog, &client);
@@ -36,6 +50,9 @@ LONG roomBelowButtons(HWND dialog) {
 }
 
 }  // namespace
+
+REPLACE_IMPORT(SetPropA, 12, setProperty);
+REPLACE_IMPORT(RemovePropA, 8, removeProperty);
 
 TEST_CASE_FIXTURE(ModuleState, "The question for several files offers all answers, for one Yes and No") {
     const RealFile file("Quarterly Report.bin", "old");
@@ -150,7 +167,9 @@ TEST_CASE_FIXTURE(ModuleState,
             CHECK(SendMessageA(control, WM_KEYDOWN, VK_ESCAPE, 0) == 0);
             REQUIRE(PeekMessageA(&message, dialog, WM_COMMAND, WM_COMMAND, PM_NOREMOVE));
             CHECK(message.wParam == IDCANCEL);
+            CHECK(propertiesHeld == 2);
         });
+        CHECK(propertiesHeld == 0);
     }
 }
 
@@ -163,8 +182,10 @@ TEST_CASE_FIXTURE(ModuleState,
     asked[0] = 'w';
     LONG room = 0;
     LONG labelHeight = 0;
+    LONG left = 0;
     ask(nullptr, shortFile.path(), TRUE, [&](HWND dialog) {
         room = roomBelowButtons(dialog);
+        left = placeIn(dialog, IDYES).left;
         labelHeight = sizeOf(placeIn(dialog, IDC_REPLACE_NAME)).y;
         press(dialog, IDNO);
     });
@@ -183,6 +204,7 @@ TEST_CASE_FIXTURE(ModuleState,
         CHECK(frameOf(question).top >= frameOf(label).bottom);
         CHECK(frameOf(question).bottom < frameOf(GetDlgItem(dialog, IDYES)).top);
         CHECK(roomBelowButtons(dialog) == room);
+        CHECK(placeIn(dialog, IDYES).left == left);
     });
 }
 

@@ -51,6 +51,7 @@ BOOL WINAPI allocateSid(PSID_IDENTIFIER_AUTHORITY authority, BYTE count, DWORD a
                         DWORD e, DWORD f, DWORD g, DWORD h, PSID* sid) {
     static const auto real =
         systemFunction<decltype(&AllocateAndInitializeSid)>("advapi32.dll", "AllocateAndInitializeSid");
+    CHECK((c | d | e | f | g | h) == 0);
     if (script.failure == Failure::sid) return FALSE;
     ++script.sidsHeld;
     return real(authority, count, a, b, c, d, e, f, g, h, sid);

@@ -63,6 +63,7 @@ TEST_CASE_FIXTURE(Numbers, "A size is shown in its unit or in bytes") {
         {1000, "1,000 bytes", "1,000 bytes"},
         {1001, "1.0KB", "1,001 bytes"},
         {1024, "1KB", "1,024 bytes"},
+        {1035, "1.0KB", "1,035 bytes"},
         {1'572'864, "1.5MB", "1,572,864 bytes"},
         {UINT64_MAX, "17,179,869,184.0GB", "18,446,744,073,709,551,615 bytes"},
     };

@@ -18,9 +18,9 @@ TEST_CASE("A setting is written with its NUL and read back, the user's apart fro
     CHECK_FALSE(ReadSettingString(TRUE, "TestFolder", text, sizeof text));
     CHECK(GetLastError() == ERROR_FILE_NOT_FOUND);
 
-    CHECK(WriteSettingString(TRUE, "TestFolder", "C:\\Mac files"));
+    CHECK(WriteSettingString(TRUE, "TestFolder", "C:\\Mac files") == 1);
     CHECK(user.text() == std::string("C:\\Mac files") + '\0');
-    CHECK(ReadSettingString(TRUE, "TestFolder", text, 13));
+    CHECK(ReadSettingString(TRUE, "TestFolder", text, 13) == 1);
     CHECK(std::string(text) == "C:\\Mac files");
     CHECK_FALSE(ReadSettingString(TRUE, "TestFolder", text, 12));
     CHECK(GetLastError() == ERROR_MORE_DATA);
@@ -60,7 +60,7 @@ TEST_CASE("A folder setting counts only while the folder exists") {
         CHECK(std::string(text).empty());
     }
     CHECK(WriteSettingString(TRUE, "TestFolder", windowsFolder));
-    CHECK(ReadSettingFolder(TRUE, "TestFolder", text, sizeof text));
+    CHECK(ReadSettingFolder(TRUE, "TestFolder", text, sizeof text) == 1);
     CHECK(std::string(text) == windowsFolder);
     char untouched = 'x';
     CHECK_FALSE(ReadSettingFolder(TRUE, "TestFolder", &untouched, 0));

@@ -1,11 +1,13 @@
 // Strings, and texts of windows made from them.
 #include "ui/strings.h"
 
+#include "messages.h"
 #include "res/resource.h"
 #include "support/modal_windows.h"
 #include "support/replaced_import_windows.h"
 #include "support/test_module_windows.h"
 #include "support/test_pc.h"
+#include "ui/message_box.h"
 
 #include <doctest/doctest.h>
 
@@ -31,6 +33,16 @@ int WINAPI loadString(HINSTANCE module, UINT id, LPSTR buffer, int size) {
     std::memcpy(buffer, onlyString.data(), length);
     buffer[length] = '\0';
     return static_cast<int>(length);
+}
+
+// Which allocation from now on fails; 0: none.
+int failingAllocation = 0;
+
+HLOCAL WINAPI localAlloc(UINT flags, SIZE_T size) {
+    static const auto real = systemFunction<decltype(&LocalAlloc)>("kernel32.dll", "LocalAlloc");
+    if (failingAllocation == 0 || --failingAllocation != 0) return real(flags, size);
+    SetLastError(ERROR_OUTOFMEMORY);
+    return nullptr;
 }
 
 std::string stringOf(HINSTANCE module, UINT id) {
@@ -59,6 +71,7 @@ struct LabelWindow : TestWindow {
 }  // namespace
 
 REPLACE_IMPORT(LoadStringA, 16, loadString);
+REPLACE_IMPORT(LocalAlloc, 8, localAlloc);
 
 TEST_CASE_FIXTURE(ModuleState, "Strings come whole, however long, and missing ones not at all") {
     CHECK(stringOf(ResourceModule, IDS_TITLE) == "Tidewell 98");
@@ -109,4 +122,29 @@ TEST_CASE_FIXTURE(ModuleState,
     SetWindowTextA(window.label, "'%1'");
     CHECK(FormatWindowText(window, 7, name.c_str()));
     CHECK(windowText(window.label) == "'" + name + "'");
+}
+
+TEST_CASE_FIXTURE(ModuleState, "Without memory there is no string, no text is set, and no box is shown") {
+    const LabelWindow window("'%1'");
+    onlyString = std::string(300, 'x');
+    const auto fails = [](int allocation, auto call) {
+        failingAllocation = allocation;
+        const bool failed = call();
+        CHECK(failingAllocation == 0);
+        failingAllocation = 0;
+        return failed;
+    };
+    for (const int allocation : {1, 2})
+        CHECK(fails(allocation, [] { return LoadStringAlloc(kOneString, 1) == nullptr; }));
+    CHECK(fails(1, [] { return LoadStringList(IDS_SIZE_UNITS) == nullptr; }));
+    CHECK(fails(1, [&] { return !SetWindowTextFromString(window.label, IDS_CLOSE); }));
+    CHECK(fails(1, [&] { return !FormatWindowText(window, 7, "x"); }));
+    CHECK(GetLastError() == ERROR_NOT_ENOUGH_MEMORY);
+    CHECK(windowText(window.label) == "'%1'");
+    CHECK(fails(1, [&] { return MessageBoxFromTable(window, MSG_FORMAT_NONE, kOwnersTitle, MB_OK) == -1; }));
+    for (const int allocation : {1, 2}) {
+        CHECK(fails(allocation, [&] {
+            return ShowErrorMessage(window, ERROR_CRC, MSG_SAVE_FAILED, IDS_TITLE, MB_OK) == -1;
+        }));
+    }
 }
