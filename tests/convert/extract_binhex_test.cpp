@@ -7,7 +7,6 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <memory>
 #include <random>
 
 using namespace tidewell;
@@ -291,34 +290,6 @@ TEST_CASE(
     scriptedUser = {};
     scriptedUser.cancelAtServe = 4;
     extract(small, 0);
-}
-
-TEST_CASE("A text beyond 4 GB, and one that has changed since it was looked through") {
-    TestPc pc;
-    const uint64_t beyond = 0x1FFFFFFFEu;
-    constexpr uint64_t kHole = 0x100000000u;
-    const auto decodedAt = [&pc](const std::string& text, ErrorCode wanted, uint64_t start, uint64_t behind) {
-        pc.folder().resize("F/large", start);
-        const HANDLE file = CreateFileA("F:\\large", GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                                        FILE_ATTRIBUTE_NORMAL, nullptr);
-        LONG high = 0;
-        SetFilePointer(file, 0, &high, FILE_END);
-        DWORD written = 0;
-        WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
-        pc.folder().resize("F/large", start + behind);
-        const auto memory = std::make_unique<BinHexMemory>();
-        BinHexText decoded;
-        CHECK(OpenBinHexText(file, start + behind, {.start = start}, *memory, decoded) == 0);
-        const ErrorCode error = DecodeBinHexText(decoded);
-        CHECK(error == wanted);
-        CloseHandle(file);
-        return error == 0 ? std::string(decoded.next, decoded.end) : "";
-    };
-    writeFile("F:\\large", {});
-    CHECK(decodedAt("r r\tr\rr!!:", 0, beyond, kHole) == std::string("\xFF\xFF\xFF\0\0", 5));
-    CHECK(decodedAt(" :rr", 0, 100, 4).empty());
-    decodedAt("rrrr7:", ERROR_INVALID_DATA, beyond, 6);
-    decodedAt("  ", ERROR_HANDLE_EOF, beyond, 2);
 }
 
 TEST_CASE("Lengths that lie take neither memory nor time") {
