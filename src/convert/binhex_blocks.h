@@ -38,8 +38,8 @@ struct BinHexBlocks {
     const uint8_t* end;
 };
 
-// Reads as far as the next multiple of a block. At the end of the file, `next` is `end`. The system's error,
-// or ERROR_HANDLE_EOF when the file is shorter than it was.
+// Reads the next block, the last of which may be shorter. At the end of the file, `next` is `end`. The
+// system's error, or ERROR_HANDLE_EOF when the file is shorter than it was.
 ErrorCode ReadBinHexBlock(BinHexBlocks& blocks);
 
 }  // namespace tidewell

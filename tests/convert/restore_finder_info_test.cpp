@@ -7,6 +7,7 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <cstring>
 
 using namespace tidewell;
@@ -25,8 +26,8 @@ const MacFile kBare = {.data = patternOf(5),
 
 // Zeros instead of what is always replaced.
 Bytes without(Bytes record, size_t position, size_t attributes, size_t attributesSize) {
-    std::memset(&record[position], 0, 4);
-    std::memset(&record[attributes], 0, attributesSize);
+    std::fill_n(record.begin() + static_cast<ptrdiff_t>(position), 4, 0);
+    std::fill_n(record.begin() + static_cast<ptrdiff_t>(attributes), attributesSize, 0);
     return record;
 }
 
