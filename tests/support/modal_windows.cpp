@@ -73,13 +73,50 @@ std::string windowText(HWND window) {
     return characters;
 }
 
+std::map<LONG, std::string> buttonsOf(HWND dialog) {
+    std::map<LONG, std::string> buttons;
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (classOf(child) != "Button" || !IsWindowVisible(child)) continue;
+        const char* const mark = child == GetFocus() ? "*" : IsWindowEnabled(child) ? "" : "-";
+        buttons[frameOf(child).left - frameOf(dialog).left] = "[" + windowText(child) + mark + "]";
+    }
+    return buttons;
+}
+
+std::string buttonTexts(HWND dialog) {
+    std::string texts;
+    for (const auto& [place, text] : buttonsOf(dialog))
+        texts += text;
+    return texts;
+}
+
+bool isIcon(HWND control) {
+    return classOf(control) == "Static" && (GetWindowLongA(control, GWL_STYLE) & SS_TYPEMASK) == SS_ICON;
+}
+
+HICON iconOf(HWND dialog) {
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (isIcon(child)) return reinterpret_cast<HICON>(SendMessageA(child, STM_GETICON, 0, 0));
+    }
+    return nullptr;
+}
+
+POINT sizeOf(const RECT& rectangle) {
+    return {rectangle.right - rectangle.left, rectangle.bottom - rectangle.top};
+}
+
+RECT frameOf(HWND window) {
+    RECT frame = {};
+    CHECK(GetWindowRect(window, &frame));
+    return frame;
+}
+
 std::string labelTexts(HWND window) {
     std::string texts;
     for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
         // The text of an icon is its name.
-        if (classOf(child) != "Static" || (GetWindowLongA(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON)
-            continue;
-        texts += (texts.empty() ? "" : "|") + windowText(child);
+        if (classOf(child) == "Static" && !isIcon(child))
+            texts += (texts.empty() ? "" : "|") + windowText(child);
     }
     return texts;
 }

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <map>
 #include <string>
 
 // A 32-bit program has no display where the tests run it (a 64-bit Wine without 32-bit libraries). Its
@@ -51,6 +52,22 @@ class ModalDriver {
 
 std::string classOf(HWND window);
 std::string windowText(HWND window);
+
+// The push buttons that are seen, by their places from the window's left edge: "[&Yes*]" where it is the
+// default,
+// "[&Yes-]" where it is disabled.
+std::map<LONG, std::string> buttonsOf(HWND dialog);
+// The same from left to right.
+std::string buttonTexts(HWND dialog);
+
+// A label that shows an icon instead of its text.
+bool isIcon(HWND control);
+// What the first of them shows.
+HICON iconOf(HWND dialog);
+
+// Width and height as a point.
+POINT sizeOf(const RECT& rectangle);
+RECT frameOf(HWND window);
 
 // The texts of all labels of a window, with bars between them.
 std::string labelTexts(HWND window);

@@ -1,6 +1,7 @@
 // The question before a file is replaced, as the user sees and answers it.
 #include "ui/confirm_replace.h"
 
+#include "res/resource.h"
 #include "support/modal_windows.h"
 #include "support/real_mac_file.h"
 #include "support/test_module_windows.h"
@@ -8,7 +9,6 @@
 #include <doctest/doctest.h>
 
 #include <functional>
-#include <map>
 #include <string>
 
 using namespace tidewell;
@@ -16,27 +16,23 @@ using namespace tidewell;
 namespace {
 
 // Shows the question and lets `answer` act in it.
-int ask(const char* path, BOOL several, const std::function<void(HWND)>& answer) {
+int ask(HWND owner, const char* path, BOOL several, const std::function<void(HWND)>& answer) {
     const ModalDriver driver(answer);
-    const int result = ConfirmFileReplace(nullptr, path, several);
+    const int result = ConfirmFileReplace(owner, path, several);
     CHECK(driver.shown() == 1);
     return result;
 }
 
-// By their places from the left edge of the label. A button that is not offered can neither be seen nor
-// pressed.
-std::map<LONG, std::string> offeredButtons(HWND dialog) {
-    std::map<LONG, std::string> buttons;
-    RECT label = {};
-    GetWindowRect(GetDlgItem(dialog, IDC_REPLACE_NAME), &label);
-    for (const int button : {IDYES, IDYESTOALL, IDNO, IDCANCEL}) {
-        HWND const control = GetDlgItem(dialog, button);
-        CHECK(IsWindowVisible(control) == IsWindowEnabled(control));
-        RECT place = {};
-        GetWindowRect(control, &place);
-        if (IsWindowVisible(control)) buttons[place.left - label.left] = windowText(control);
-    }
-    return buttons;
+RECT placeIn(HWND dialog, int control) {
+    RECT place = frameOf(GetDlgItem(dialog, control));
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+LONG roomBelowButtons(HWND dialog) {
+    RECT client = {};
+    GetClientRect(dialog, &client);
+    return client.bottom - placeIn(dialog, IDYES).bottom;
 }
 
 }  // namespace
@@ -45,31 +41,64 @@ TEST_CASE_FIXTURE(ModuleState, "The question for several files offers all answer
     const RealFile file("Quarterly Report.bin", "old");
     std::map<LONG, std::string> four;
     for (const int answer : {IDYES, IDYESTOALL, IDNO, IDCANCEL}) {
-        CHECK(ask(file.path(), TRUE, [&](HWND dialog) {
+        CHECK(ask(nullptr, file.path(), TRUE, [&](HWND dialog) {
                   CHECK(windowText(dialog) == "Confirm File Replace");
                   CHECK(labelTexts(dialog) ==
                         "This folder already contains a file named 'Quarterly Report.bin'.|"
                         "Would you like to replace the existing file?");
-                  four = offeredButtons(dialog);
-                  std::string texts;
-                  for (const auto& button : four)
-                      texts += "[" + button.second + "]";
-                  CHECK(texts == "[&Yes][Yes to &All][&No][Cancel]");
+                  CHECK(buttonTexts(dialog) == "[&Yes*][Yes to &All][&No][Cancel]");
+                  CHECK(iconOf(dialog) == LoadIconA(ModuleInstance, MAKEINTRESOURCEA(IDI_CONFIRM_REPLACE)));
                   CHECK(LOWORD(SendMessageA(dialog, DM_GETDEFID, 0, 0)) == IDYES);
-                  CHECK(GetFocus() == GetDlgItem(dialog, IDYES));
+                  four = buttonsOf(dialog);
                   takeScreenshot(dialog, "REPLACE_SEVERAL");
                   press(dialog, answer);
               }) == answer);
     }
     REQUIRE(four.size() == 4);
-    const std::map<LONG, std::string> two = {{std::prev(four.end(), 2)->first, "&Yes"},
-                                             {std::prev(four.end())->first, "&No"}};
+    const std::map<LONG, std::string> two = {{std::prev(four.end(), 2)->first, "[&Yes*]"},
+                                             {std::prev(four.end())->first, "[&No]"}};
     for (const int answer : {IDYES, IDNO}) {
-        CHECK(ask(file.path(), FALSE, [&](HWND dialog) {
-                  CHECK((offeredButtons(dialog) == two));
+        CHECK(ask(nullptr, file.path(), FALSE, [&](HWND dialog) {
+                  CHECK((buttonsOf(dialog) == two));
+                  // They can be reached by no key either.
+                  for (const int away : {IDYESTOALL, IDCANCEL})
+                      CHECK_FALSE(IsWindowEnabled(GetDlgItem(dialog, away)));
+                  CHECK(placeIn(dialog, IDYES).top == placeIn(dialog, IDCANCEL).top);
+                  CHECK(placeIn(dialog, IDNO).top == placeIn(dialog, IDCANCEL).top);
                   takeScreenshot(dialog, "REPLACE_SINGLE");
                   press(dialog, answer);
               }) == answer);
+    }
+}
+
+TEST_CASE_FIXTURE(ModuleState, "The question comes up over its owner, which waits, else in the middle") {
+    const RealFile file("OWNER.TXT", "old");
+    const TestWindow owner(CreateWindowExA(0, "STATIC", "owner", WS_POPUP | WS_CAPTION | WS_VISIBLE, 120, 90,
+                                           300, 200, nullptr, nullptr, nullptr, nullptr));
+    POINT client = {0, 0};
+    ClientToScreen(owner, &client);
+    ask(owner, file.path(), TRUE, [&](HWND dialog) {
+        CHECK(GetWindow(dialog, GW_OWNER) == owner);
+        CHECK_FALSE(IsWindowEnabled(owner));
+        // Where the dialog manager puts it: at the owner's frame or at its client area.
+        const RECT frame = frameOf(dialog);
+        CHECK((frame.left == client.x || frame.left == frameOf(owner).left));
+        CHECK((frame.top == client.y || frame.top == frameOf(owner).top));
+        press(dialog, IDNO);
+    });
+    CHECK(IsWindowEnabled(owner));
+    const std::string longPath = std::string(150, 'W') + ".hqx";
+    const RealFile longFile(longPath.c_str(), "old");
+    for (const char* const path : {file.path(), longFile.path()}) {
+        ask(nullptr, path, TRUE, [&](HWND dialog) {
+            CHECK(GetWindow(dialog, GW_OWNER) == nullptr);
+            RECT area = {};
+            SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
+            const RECT frame = frameOf(dialog);
+            CHECK(frame.left == (area.left + area.right - sizeOf(frame).x) / 2);
+            CHECK(frame.top == (area.top + area.bottom - sizeOf(frame).y) / 2);
+            press(dialog, IDNO);
+        });
     }
 }
 
@@ -94,21 +123,66 @@ TEST_CASE_FIXTURE(ModuleState, "Escape and closing cancel the question in both f
     };
     for (const auto& way : ways) {
         CAPTURE(way.name);
-        CHECK(ask(file.path(), TRUE, way.act) == way.answer);
-        CHECK(ask(file.path(), FALSE, way.act) == way.answer);
+        CHECK(ask(nullptr, file.path(), TRUE, way.act) == way.answer);
+        CHECK(ask(nullptr, file.path(), FALSE, way.act) == way.answer);
     }
 }
 
-TEST_CASE_FIXTURE(ModuleState, "The question names the file as it is stored, however long") {
+// Wine ends a dialog at Escape even where the Cancel button is disabled; other systems leave it to the
+// buttons.
+TEST_CASE_FIXTURE(ModuleState,
+                  "The buttons of the question for one file take Escape, and no other key, themselves") {
+    const RealFile file("KEYS.TXT", "old");
+    for (const int button : {IDYES, IDNO}) {
+        ask(nullptr, file.path(), FALSE, [&](HWND dialog) {
+            HWND const control = GetDlgItem(dialog, button);
+            MSG key = {control, WM_KEYDOWN, VK_ESCAPE, 0, 0, {}};
+            const auto wants = [&](WPARAM wanted) {
+                return SendMessageA(control, WM_GETDLGCODE, wanted, reinterpret_cast<LPARAM>(&key));
+            };
+            CHECK(wants(VK_ESCAPE) == (wants(VK_TAB) | DLGC_WANTMESSAGE));
+            CHECK((wants(VK_TAB) & DLGC_WANTMESSAGE) == 0);
+            CHECK((wants(VK_TAB) & DLGC_BUTTON) != 0);
+            SendMessageA(control, WM_KEYDOWN, VK_TAB, 0);
+            SendMessageA(control, WM_KEYUP, VK_ESCAPE, 0);
+            MSG message;
+            CHECK_FALSE(PeekMessageA(&message, dialog, WM_COMMAND, WM_COMMAND, PM_NOREMOVE));
+            CHECK(SendMessageA(control, WM_KEYDOWN, VK_ESCAPE, 0) == 0);
+            REQUIRE(PeekMessageA(&message, dialog, WM_COMMAND, WM_COMMAND, PM_NOREMOVE));
+            CHECK(message.wParam == IDCANCEL);
+        });
+    }
+}
+
+TEST_CASE_FIXTURE(ModuleState,
+                  "The question names the file as it is stored, however long, and makes room for it") {
     const std::string longName = std::string(40, 'W') + " & " + std::string(120, 'i') + "%1.hqx";
     const RealFile file(longName.c_str(), "old");
+    const RealFile shortFile("SHORT.TXT", "old");
     std::string asked = longName;
     asked[0] = 'w';
-    ask(asked.c_str(), TRUE, [&](HWND dialog) {
-        CHECK(windowText(GetDlgItem(dialog, IDC_REPLACE_NAME)) ==
-              "This folder already contains a file named '" + longName + "'.");
+    LONG room = 0;
+    LONG labelHeight = 0;
+    ask(nullptr, shortFile.path(), TRUE, [&](HWND dialog) {
+        room = roomBelowButtons(dialog);
+        labelHeight = sizeOf(placeIn(dialog, IDC_REPLACE_NAME)).y;
+        press(dialog, IDNO);
+    });
+    ask(nullptr, asked.c_str(), TRUE, [&](HWND dialog) {
+        HWND const label = GetDlgItem(dialog, IDC_REPLACE_NAME);
+        CHECK(windowText(label) == "This folder already contains a file named '" + longName + "'.");
         takeScreenshot(dialog, "REPLACE_LONG");
         press(dialog, IDNO);
+        // Without a display no text has a size.
+        if (!kHasDisplay) return;
+        // Two lines at first, then as many as the name takes.
+        const LONG height = sizeOf(placeIn(dialog, IDC_REPLACE_NAME)).y;
+        CHECK(height >= labelHeight / 2 * 4);
+        CHECK(height % (labelHeight / 2) == 0);
+        HWND const question = GetWindow(label, GW_HWNDNEXT);
+        CHECK(frameOf(question).top >= frameOf(label).bottom);
+        CHECK(frameOf(question).bottom < frameOf(GetDlgItem(dialog, IDYES)).top);
+        CHECK(roomBelowButtons(dialog) == room);
     });
 }
 
@@ -117,6 +191,12 @@ TEST_CASE_FIXTURE(ModuleState,
     const ModalDriver driver([](HWND window) { EndDialog(window, IDCANCEL); });
     CHECK(ConfirmFileReplace(nullptr, "MISSING.TXT", TRUE) == IDYES);
     const RealFile file("NOASK.TXT", "old");
+    HWND gone = nullptr;
+    {
+        const TestWindow window("gone");
+        gone = window;
+    }
+    CHECK(ConfirmFileReplace(gone, file.path(), TRUE) == -1);
     InitializeModuleState(GetModuleHandleA("comctl32.dll"));
     CHECK(ConfirmFileReplace(nullptr, file.path(), TRUE) == -1);
     CHECK(driver.shown() == 0);

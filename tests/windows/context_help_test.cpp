@@ -1,6 +1,8 @@
 // What is asked of the help program. The program stands in for the system's call.
 #include "ui/context_help.h"
 
+#include "support/replaced_import_windows.h"
+
 #include <doctest/doctest.h>
 
 #include <string>
@@ -20,13 +22,7 @@ BOOL WINAPI recordHelp(HWND window, LPCSTR file, UINT command, ULONG_PTR data) {
 
 }  // namespace
 
-// The pointer through which this program calls WinHelpA; defined here, it is not imported from Windows.
-#ifdef _WIN64
-extern "C" const void* const helpImport asm("__imp_WinHelpA");
-#else
-extern "C" const void* const helpImport asm("__imp__WinHelpA@16");
-#endif
-extern "C" const void* const helpImport = reinterpret_cast<const void*>(&recordHelp);
+REPLACE_IMPORT(WinHelpA, 16, recordHelp);
 
 TEST_CASE("Help opens the product's file by the dialog's table, or by a topic") {
     const DWORD table[] = {1000, 41, 1018, kNoHelpTopic, 0, 0};

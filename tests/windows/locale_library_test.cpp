@@ -4,9 +4,13 @@
 #include "messages.h"
 #include "res/resource.h"
 #include "support/modal_windows.h"
+#include "support/real_mac_file.h"
 #include "support/registry_value_windows.h"
 #include "support/test_module_windows.h"
+#include "ui/confirm_replace.h"
 #include "ui/message_box.h"
+#include "ui/number_format.h"
+#include "ui/strings.h"
 
 #include <doctest/doctest.h>
 
@@ -81,16 +85,36 @@ TEST_CASE_FIXTURE(NamedLibrary, "With a library of texts every text is its own")
     CHECK(ModuleInstance == self);
     CHECK(ResourceModule == GetModuleHandleA("TIDEWELL_DE.DLL"));
 
+    const TestWindow label("");
+    CHECK(SetWindowTextFromString(label, IDS_CANCEL));
+    CHECK(windowText(label) == "Abbrechen");
+    char size[100] = "";
+    FormatSize(5, size, sizeof size, FALSE);
+    CHECK(std::string(size) == "5 Byte");
+
+    std::string titles;
     const ModalDriver driver([&](HWND window) {
-        CHECK(windowText(window) == "Tidewell 98 - Fehler");
-        CHECK(labelTexts(window).find(
-                  "Die Mac-Datei aus 'Brief.hqx' kann nicht in 'C:\\Mac' wiederhergestellt werden: ") == 0);
+        titles += windowText(window) + "|" + labelTexts(window).substr(0, 30) + "|";
         takeScreenshot(window, "GERMAN");
-        press(window, IDCANCEL);
+        press(window, IDNO);
     });
-    CHECK(ShowErrorMessage(nullptr, ERROR_DISK_FULL, MSG_EXTRACT_FAILED, IDS_ERROR_TITLE,
-                           MB_RETRYCANCEL | MB_ICONEXCLAMATION, "Brief.hqx", "C:\\Mac") == IDCANCEL);
-    CHECK(driver.shown() == 1);
+    const char name[] = "Brief.hqx";
+    CHECK(MessageBoxFromTable(nullptr, MSG_CHANGE_READ_ONLY, IDS_CONFIRM_PROPERTIES, MB_YESNO, name) == IDNO);
+    CHECK(ShowErrorMessage(nullptr, ERROR_DISK_FULL, MSG_EXTRACT_FAILED, IDS_ERROR_TITLE, MB_YESNO, name,
+                           "C:\\Mac") == IDNO);
+    // These only the library itself has.
+    const UserInCharge user(&WindowsUser);
+    const RealFile file("GERMAN.TXT", "old");
+    CHECK(ConfirmFileReplace(nullptr, file.path(), TRUE) == IDNO);
+    ProgressDialog* const progress = ProgressCreate(ModuleInstance, "progress", nullptr, TRUE);
+    CHECK(progress != nullptr);
+    ProgressDestroy(progress);
+    CHECK(driver.shown() == 3);
+    CHECK(titles ==
+          "\xC4"
+          "ndern der Dateieigenschaften best\xE4tigen|'Brief.hqx' ist schreibgesch\xFCt|"
+          "Tidewell 98 - Fehler|Die Mac-Datei aus 'Brief.hqx' |"
+          "Confirm File Replace|This folder already contains a|");
 }
 
 TEST_CASE_FIXTURE(NamedLibrary, "TIDEWELL.DLL takes the library of texts when it is loaded") {

@@ -3,9 +3,14 @@
 
 #include "module/administrator.h"
 #include "support/modal_windows.h"
+#include "support/replaced_import_windows.h"
+#include "pc/pc.h"
 #include "tidewell.h"
 
 #include <doctest/doctest.h>
+
+#include <algorithm>
+#include <vector>
 
 using namespace tidewell;
 
@@ -27,21 +32,117 @@ DWORD WINAPI runShell(void* ready) {
     return static_cast<DWORD>(message.wParam);
 }
 
+// What the system answers: what is not scripted is the real system's.
+enum class Failure { none, groups, sid };
+struct Script {
+    std::vector<std::vector<DWORD>> groups;  // sub-authorities of NT's, one group each
+    Failure failure = Failure::none;
+    int doubleByte = -1;
+    int sidsHeld = 0;
+    HANDLE token = nullptr;
+} script;
+
+int WINAPI systemMetrics(int index) {
+    static const auto real = systemFunction<decltype(&GetSystemMetrics)>("user32.dll", "GetSystemMetrics");
+    return index == SM_DBCSENABLED && script.doubleByte >= 0 ? script.doubleByte : real(index);
+}
+
+BOOL WINAPI allocateSid(PSID_IDENTIFIER_AUTHORITY authority, BYTE count, DWORD a, DWORD b, DWORD c, DWORD d,
+                        DWORD e, DWORD f, DWORD g, DWORD h, PSID* sid) {
+    static const auto real =
+        systemFunction<decltype(&AllocateAndInitializeSid)>("advapi32.dll", "AllocateAndInitializeSid");
+    if (script.failure == Failure::sid) return FALSE;
+    ++script.sidsHeld;
+    return real(authority, count, a, b, c, d, e, f, g, h, sid);
+}
+
+PVOID WINAPI freeSid(PSID sid) {
+    static const auto real = systemFunction<decltype(&FreeSid)>("advapi32.dll", "FreeSid");
+    --script.sidsHeld;
+    return real(sid);
+}
+
+BOOL WINAPI tokenInformation(HANDLE token, TOKEN_INFORMATION_CLASS kind, LPVOID buffer, DWORD size,
+                             PDWORD needed) {
+    static const auto real =
+        systemFunction<decltype(&GetTokenInformation)>("advapi32.dll", "GetTokenInformation");
+    script.token = token;
+    if (script.groups.empty()) return real(token, kind, buffer, size, needed);
+    CHECK(kind == TokenGroups);
+    CHECK(size == 1024);
+    static SID sids[8][2];  // each has room for a second sub-authority
+    auto& groups = *static_cast<TOKEN_GROUPS*>(buffer);
+    groups.GroupCount = 0;
+    for (const auto& authorities : script.groups) {
+        SID* const sid = sids[groups.GroupCount];
+        *sid = {SID_REVISION, static_cast<BYTE>(authorities.size()), {SECURITY_NT_AUTHORITY}, {}};
+        std::copy(authorities.begin(), authorities.end(), sid->SubAuthority);
+        // Whether the group is enabled does not matter.
+        groups.Groups[groups.GroupCount++] = {sid, 0};
+    }
+    return script.failure != Failure::groups;
+}
+
 }  // namespace
+
+REPLACE_IMPORT(GetSystemMetrics, 4, systemMetrics);
+REPLACE_IMPORT(GetTokenInformation, 20, tokenInformation);
+REPLACE_IMPORT(AllocateAndInitializeSid, 44, allocateSid);
+REPLACE_IMPORT(FreeSid, 4, freeSid);
 
 TEST_CASE("Loading finds out about the module, the system and the user") {
     HMODULE const instance = GetModuleHandleA(nullptr);
-    InitializeModuleState(instance, FindSystemFacts());
-    CHECK(ModuleInstance == instance);
-    CHECK(ResourceModule == instance);
-    OSVERSIONINFOA version = {};
-    version.dwOSVersionInfoSize = sizeof version;
-    GetVersionExA(&version);
-    CHECK(RunningOnNt == (version.dwPlatformId == VER_PLATFORM_WIN32_NT));
+    struct {
+        pc::Platform platform;
+        bool onNt;
+    } const systems[] = {
+        {pc::Platform::nt, true}, {pc::Platform::windows95, false}, {pc::Platform::windows98, false}};
+    for (const auto& system : systems) {
+        const pc::Pc pc(system.platform);
+        for (const bool admin : {true, false}) {
+            for (const int doubleByte : {0, 1}) {
+                script = {};
+                script.groups = {{SECURITY_BUILTIN_DOMAIN_RID, admin ? 544u : 545u}};
+                script.doubleByte = doubleByte;
+                InitializeModuleState(instance, FindSystemFacts());
+                CHECK(ModuleInstance == instance);
+                CHECK(ResourceModule == instance);
+                CHECK(RunningOnNt == system.onNt);
+                CHECK(UserIsAdmin == (system.onNt && admin));
+                CHECK(DoubleByteCharacters == (doubleByte != 0));
+            }
+        }
+    }
+    script = {};
+}
+
+TEST_CASE("An administrator is who has the group among all groups, and can be asked") {
+    const std::vector<DWORD> admins = {SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS};
+    const std::vector<DWORD> users = {SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_USERS};
+    struct {
+        std::vector<std::vector<DWORD>> groups;
+        Failure failure;
+        bool isAdministrator;
+    } const rows[] = {
+        {{users, {1}, admins}, Failure::none, true},
+        {{admins, users}, Failure::none, true},
+        {{users, {544}, {544, 32}}, Failure::none, false},
+        {{{}}, Failure::none, false},
+        {{admins}, Failure::groups, false},
+        {{admins}, Failure::sid, false},
+    };
+    for (const auto& row : rows) {
+        script = {};
+        script.groups = row.groups;
+        script.failure = row.failure;
+        CHECK(IsAdministrator() == row.isAdministrator);
+        CHECK(script.sidsHeld == 0);
+        DWORD flags = 0;
+        CHECK_FALSE(GetHandleInformation(script.token, &flags));
+    }
+    script = {};
     // The only user here belongs to the group.
-    CHECK(UserIsAdmin == RunningOnNt);
     CHECK(IsAdministrator());
-    CHECK(DoubleByteCharacters == (GetSystemMetrics(SM_DBCSENABLED) != 0));
 }
 
 TEST_CASE("The library may be unloaded when nothing holds it") {

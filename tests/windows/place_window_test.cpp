@@ -2,6 +2,7 @@
 #include "ui/place_window.h"
 
 #include "support/modal_windows.h"
+#include "support/replaced_import_windows.h"
 
 #include <doctest/doctest.h>
 
@@ -9,14 +10,23 @@ using namespace tidewell;
 
 namespace {
 
+UINT lastFlags = 0;
+
+LRESULT CALLBACK keepFlags(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_WINDOWPOSCHANGING) lastFlags = reinterpret_cast<const WINDOWPOS*>(lParam)->flags;
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+// What of them the caller has asked for.
+constexpr UINT kAskedFlags = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOREDRAW | SWP_NOACTIVATE |
+                             SWP_SHOWWINDOW | SWP_HIDEWINDOW | SWP_NOCOPYBITS | SWP_NOOWNERZORDER;
+
+// With a caption, so that its frame is higher at the top than it is wide at the left.
 struct Window : TestWindow {
     Window(HWND owner, int x, int y, int width, int height)
         : TestWindow(CreateWindowExA(0, "STATIC", "placed", WS_POPUP | WS_CAPTION, x, y, width, height, owner,
-                                     nullptr, nullptr, nullptr)) {}
-    RECT frame() const {
-        RECT frame = {};
-        GetWindowRect(*this, &frame);
-        return frame;
+                                     nullptr, nullptr, nullptr)) {
+        SetWindowLongPtrA(*this, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(keepFlags));
     }
     POINT client() const {
         POINT origin = {0, 0};
@@ -25,43 +35,68 @@ struct Window : TestWindow {
     }
 };
 
+void checkFrame(HWND window, LONG left, LONG top, LONG width, LONG height) {
+    const RECT frame = frameOf(window);
+    CHECK(frame.left == left);
+    CHECK(frame.top == top);
+    CHECK(sizeOf(frame).x == width);
+    CHECK(sizeOf(frame).y == height);
+}
+
+// The screen without a taskbar on two of its sides.
+const RECT kWorkArea = {100, 0, 900, 700};
+
+BOOL WINAPI parametersInfo(UINT action, UINT parameter, PVOID value, UINT update) {
+    static const auto real =
+        systemFunction<decltype(&SystemParametersInfoA)>("user32.dll", "SystemParametersInfoA");
+    if (action != SPI_GETWORKAREA) return real(action, parameter, value, update);
+    *static_cast<RECT*>(value) = kWorkArea;
+    return TRUE;
+}
+
 }  // namespace
+
+REPLACE_IMPORT(SystemParametersInfoA, 16, parametersInfo);
 
 TEST_CASE("A window comes up inside its owner, the next ones a caption further") {
     const Window owner(nullptr, 60, 80, 200, 100);
     const Window window(owner, 0, 0, 150, 90);
-    const RECT before = window.frame();
-    const POINT step = {window.client().x - before.left + 1, window.client().y - before.top + 1};
-    CHECK(step.y > 10);
+    const POINT step = {window.client().x + 1, window.client().y + 1};
+    CHECK(step.y > step.x);
     for (int index = 0; index < 3; ++index) {
         PlaceWindow(window, index);
-        const RECT after = window.frame();
-        CHECK(after.left == owner.client().x + 30 + index * step.x);
-        CHECK(after.top == owner.client().y + 35 + index * step.y);
-        CHECK(after.right - after.left == 150);
-        CHECK(after.bottom - after.top == 90);
+        checkFrame(window, owner.client().x + 30 + index * step.x, owner.client().y + 35 + index * step.y,
+                   150, 90);
     }
+    // Neither size, order, activation nor drawing are touched.
+    CHECK((lastFlags & kAskedFlags) == (SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW));
 }
 
 TEST_CASE(
     "A window without an owner comes up near the corner; none leaves the screen to the right or below") {
-    RECT desktop = {};
-    GetWindowRect(GetDesktopWindow(), &desktop);
+    const RECT desktop = frameOf(GetDesktopWindow());
     const Window alone(nullptr, 0, 0, 150, 90);
     PlaceWindow(alone, 0);
-    CHECK(alone.frame().left == desktop.right / 10);
-    CHECK(alone.frame().top == desktop.bottom / 10);
+    checkFrame(alone, desktop.right / 10, desktop.bottom / 10, 150, 90);
     CHECK_FALSE(IsWindowVisible(alone));
 
     const Window inCorner(nullptr, desktop.right - 60, desktop.bottom - 50, 50, 40);
     const Window window(inCorner, 0, 0, 150, 90);
     PlaceWindow(window, 2);
-    CHECK(window.frame().right == desktop.right);
-    CHECK(window.frame().bottom == desktop.bottom);
+    checkFrame(window, desktop.right - 150, desktop.bottom - 90, 150, 90);
 
     const Window outside(nullptr, -300, -200, 50, 40);
     const Window child(outside, 0, 0, 150, 90);
     PlaceWindow(child, 0);
-    CHECK(child.frame().left == outside.client().x + 30);
-    CHECK(child.frame().top == outside.client().y + 35);
+    checkFrame(child, outside.client().x + 30, outside.client().y + 35, 150, 90);
+}
+
+TEST_CASE("A window is centred in what the taskbar leaves, and grows at its foot") {
+    const Window window(nullptr, 10, 20, 150, 90);
+    GrowWindow(window, 30);
+    checkFrame(window, 10, 20, 150, 120);
+    CHECK((lastFlags & kAskedFlags) == (SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE));
+    CentreWindow(window);
+    checkFrame(window, 425, 290, 150, 120);
+    CHECK((lastFlags & kAskedFlags) == (SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE));
 }

@@ -1,8 +1,9 @@
-// The progress window as the system shows it, with its real timers and messages.
+// The progress window as the system shows it, with its real messages.
 #include "ui/progress.h"
 
 #include "res/resource.h"
 #include "support/modal_windows.h"
+#include "support/replaced_import_windows.h"
 #include "support/test_module_windows.h"
 #include "ui/progress_arithmetic.h"
 
@@ -11,6 +12,7 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <map>
 #include <string>
 
 using namespace tidewell;
@@ -20,10 +22,28 @@ namespace {
 constexpr int64_t kSecond = 10'000'000;
 constexpr char kTitle[] = "Creating MacBinary file...";
 
+// The timers of windows by their numbers: milliseconds. The system has none of them, the test rings.
+using Timers = std::map<UINT_PTR, UINT>;
+std::map<HWND, Timers> timersOf;
+
+UINT_PTR WINAPI setTimer(HWND window, UINT_PTR timer, UINT interval, TIMERPROC procedure) {
+    static const auto real = systemFunction<decltype(&SetTimer)>("user32.dll", "SetTimer");
+    if (!window) return real(window, timer, interval, procedure);
+    const bool toWindow = procedure == nullptr;
+    CHECK(toWindow);
+    timersOf[window][timer] = interval;
+    return 1;
+}
+
+BOOL WINAPI killTimer(HWND window, UINT_PTR timer) {
+    static const auto real = systemFunction<decltype(&KillTimer)>("user32.dll", "KillTimer");
+    return window ? timersOf[window].erase(timer) == 1 : real(window, timer);
+}
+
 class ProgressInWindow {
   public:
-    explicit ProgressInWindow(BOOL startPaused = FALSE)
-        : dialog_(ProgressCreate(GetModuleHandleA(nullptr), kTitle, nullptr, startPaused)) {
+    explicit ProgressInWindow(BOOL startPaused = FALSE, HWND owner = nullptr)
+        : dialog_(ProgressCreate(GetModuleHandleA(nullptr), kTitle, owner, startPaused)) {
         REQUIRE(dialog_ != nullptr);
     }
     ~ProgressInWindow() { ProgressDestroy(dialog_); }
@@ -40,6 +60,11 @@ class ProgressInWindow {
     }
     bool shows(int id) const { return (GetWindowLongA(control(id), GWL_STYLE) & WS_VISIBLE) != 0; }
     std::string text(int id) const { return windowText(control(id)); }
+    // A timer's time has come.
+    void ring(UINT_PTR timer) const {
+        PostMessageA(window(), WM_TIMER, timer, 0);
+        CHECK(ProgressPump(dialog_));
+    }
     LRESULT askBar(UINT message) const { return SendMessageA(control(IDC_PROGRESS_BAR), message, FALSE, 0); }
 
   private:
@@ -56,45 +81,58 @@ HICON packIcon() {
 
 }  // namespace
 
-TEST_CASE_FIXTURE(ModuleState, "The window shows after a second, and the time remaining after two") {
-    HWND const active = GetActiveWindow();
-    const DWORD start = GetTickCount();
+REPLACE_IMPORT(SetTimer, 16, setTimer);
+REPLACE_IMPORT(KillTimer, 8, killTimer);
+
+TEST_CASE_FIXTURE(ModuleState, "The window shows after a second, and the time remaining every two") {
+    const TestWindow owner("owner", WS_POPUP | WS_VISIBLE);
+    SetActiveWindow(owner);
     const ProgressInWindow paused(TRUE);
-    const ProgressInWindow minutes;
+    const ProgressInWindow minutes(FALSE, owner);
     const ProgressInWindow seconds;
+    CHECK(GetWindow(minutes.window(), GW_OWNER) == owner);
+    CHECK(GetWindow(seconds.window(), GW_OWNER) == nullptr);
+    CHECK(IsWindowEnabled(owner));
     const uint64_t total = 3'000'000;
     for (const ProgressInWindow* const progress : {&paused, &minutes, &seconds}) {
+        CHECK((timersOf[progress->window()] == Timers{{0, 1000}, {1, 2000}}));
+        progress->ring(1);  // with nothing done
         CHECK(ProgressSetTotal(*progress, &total));
         CHECK(ProgressAdvance(*progress, total / 2));
+        CHECK_FALSE(IsWindowVisible(progress->window()));
     }
-    CHECK(ProgressSetIcon(seconds, packIcon()) == 0);
-    CHECK(ProgressSetText(seconds, "Quarterly Report", nullptr));
+    CHECK(GetActiveWindow() == owner);
     // As much time is to come as the work has taken.
     minutes->clock = SystemTime100ns() - 140 * kSecond;
     seconds->clock = SystemTime100ns() - 42 * kSecond;
 
-    // Works on until `condition` holds, and tells when that was.
-    const auto workUntil = [&](auto condition) {
-        while (!condition() && GetTickCount() - start < 20000) {
-            for (const ProgressInWindow* const progress : {&paused, &minutes, &seconds})
-                CHECK(ProgressPump(*progress));
-            Sleep(5);
-        }
-        CHECK(condition());
-        return GetTickCount() - start;
-    };
-    CHECK(GetActiveWindow() == active);
-    CHECK(workUntil([&] { return IsWindowVisible(seconds.window()); }) >= 980);
-    CHECK(workUntil([&] { return seconds.shows(IDC_PROGRESS_BAR); }) >= 1980);
-    workUntil([&] { return minutes.shows(IDC_PROGRESS_BAR); });
+    CHECK(ProgressSetIcon(seconds, packIcon()) == 0);
+    CHECK(ProgressSetText(seconds, "Quarterly Report", nullptr));
+    for (const ProgressInWindow* const progress : {&paused, &minutes, &seconds}) {
+        progress->ring(2);
+        CHECK_FALSE(IsWindowVisible(progress->window()));
+        CHECK(progress->text(IDC_PROGRESS_TIME).empty());
+        progress->ring(0);
+        CHECK(IsWindowVisible(progress->window()));
+        if (kHasDisplay) CHECK_FALSE(GetUpdateRect(progress->window(), nullptr, FALSE));
+        CHECK((timersOf[progress->window()] == Timers{{1, 2000}}));
+        CHECK_FALSE(progress->shows(IDC_PROGRESS_BAR));
+        progress->ring(1);
+        CHECK(progress->shows(IDC_PROGRESS_BAR) == (progress != &paused));
+    }
     CHECK(seconds.text(IDC_PROGRESS_TIME) == "45 Seconds Remaining");
     CHECK(minutes.text(IDC_PROGRESS_TIME) == "3 Minutes Remaining");
-    CHECK(seconds.askBar(PBM_GETPOS) == 22);
-    // Its timers began before the others': they have come as well.
-    CHECK(IsWindowVisible(paused.window()));
     CHECK(paused.text(IDC_PROGRESS_TIME).empty());
-    CHECK_FALSE(paused.shows(IDC_PROGRESS_BAR));
+    CHECK(seconds.askBar(PBM_GETPOS) == 22);
     takeScreenshot(seconds.window(), "PROGRESS");
+    // Less than a second is not told, a missing text not shown; what was there stays.
+    seconds->clock = SystemTime100ns() - kSecond / 2;
+    seconds.ring(1);
+    minutes->instance = GetModuleHandleA("comctl32.dll");
+    minutes->clock = SystemTime100ns() - 300 * kSecond;
+    minutes.ring(1);
+    CHECK(seconds.text(IDC_PROGRESS_TIME) == "45 Seconds Remaining");
+    CHECK(minutes.text(IDC_PROGRESS_TIME) == "3 Minutes Remaining");
 }
 
 TEST_CASE_FIXTURE(
@@ -105,20 +143,35 @@ TEST_CASE_FIXTURE(
         const ProgressInWindow progress;
         window = progress.window();
         CHECK(windowText(window) == kTitle);
+        CHECK(LOWORD(SendMessageA(window, DM_GETDEFID, 0, 0)) == IDCANCEL);
         CHECK(ProgressSetText(progress, "A & B", "second"));
         CHECK(ProgressSetText(progress, nullptr, "other"));
         CHECK(progress.text(IDC_PROGRESS_LINE1) == "A & B");
+        CHECK(ProgressSetText(progress, "C", nullptr));
+        CHECK(progress.text(IDC_PROGRESS_LINE1) == "C");
         CHECK(progress.text(IDC_PROGRESS_LINE2) == "other");
         CHECK((GetWindowLongA(progress.control(IDC_PROGRESS_LINE1), GWL_STYLE) & SS_NOPREFIX) != 0);
 
+        // As much room below the last line as beside it.
+        RECT margins = {7, 7, 250, 84 + 7};
+        MapDialogRect(window, &margins);
+        RECT client = {};
+        GetClientRect(window, &client);
+        CHECK(client.right == margins.right);
+        CHECK(client.bottom == margins.bottom);
+
         CHECK_FALSE(progress.shows(IDC_PROGRESS_ICON));
+        ShowWindow(progress.control(IDC_PROGRESS_ANIMATION), SW_SHOW);
+        EnableWindow(progress.control(IDC_PROGRESS_ANIMATION), TRUE);
         HICON const icon = packIcon();
         REQUIRE(icon != nullptr);
         CHECK(ProgressSetIcon(progress, icon) == 0);
-        CHECK(SendMessageA(progress.control(IDC_PROGRESS_ICON), STM_GETICON, 0, 0) ==
-              reinterpret_cast<LRESULT>(icon));
+        CHECK(ProgressSetIcon(progress, icon) == reinterpret_cast<LRESULT>(icon));
+        CHECK(iconOf(window) == icon);
         CHECK(progress.shows(IDC_PROGRESS_ICON));
+        CHECK(IsWindowEnabled(progress.control(IDC_PROGRESS_ICON)));
         CHECK_FALSE(progress.shows(IDC_PROGRESS_ANIMATION));
+        CHECK_FALSE(IsWindowEnabled(progress.control(IDC_PROGRESS_ANIMATION)));
 
         // The whole of the bar's 16 bits reaches the control, though it is not yet shown.
         uint64_t value = 65535;
@@ -127,11 +180,13 @@ TEST_CASE_FIXTURE(
         CHECK(ProgressSetDone(progress, &value));
         CHECK(progress.askBar(PBM_GETRANGE) == 65535);
         CHECK(progress.askBar(PBM_GETPOS) == 40000);
+        CHECK(SendMessageA(progress.control(IDC_PROGRESS_BAR), PBM_SETSTEP, 1, 0) == 10);
         CHECK_FALSE(progress.shows(IDC_PROGRESS_BAR));
 
         CHECK_FALSE(IsWindowVisible(window));
         CHECK(ProgressPause(progress));
         CHECK(IsWindowVisible(window));
+        CHECK((timersOf[window] == Timers{{1, 2000}}));
         CHECK(ProgressResume(progress));
         CHECK(IsWindowVisible(window));
     }

@@ -1,8 +1,9 @@
-// The shell's folders, and the system's folder chooser as the user sees it.
+// The shell's folders, and what the system's folder chooser is asked for.
 #include "ui/shell_folders.h"
 
 #include "base/path.h"
 #include "support/modal_windows.h"
+#include "support/replaced_import_windows.h"
 
 #include <doctest/doctest.h>
 
@@ -30,22 +31,64 @@ std::string upperCaseOf(std::string text) {
     return text;
 }
 
-// Lets the user choose with a button, from `path` on.
-bool choose(std::string& path, int button, int windows) {
-    char buffer[kPathCapacity];
+// What the folder chooser was shown with, and what is chosen in it.
+struct Chooser {
+    HWND owner = nullptr;
+    std::string title;
+    UINT flags = 0;
+    std::string selected;
+    UINT selectedSize = 0;
+    int shown = 0;
+    std::string choice;  // empty: Cancel
+} chooser;
+
+// The chooser's window as its callback sees it.
+LRESULT CALLBACK chooserProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == BFFM_SETSELECTIONA) {
+        CHECK(wParam == FALSE);
+        char path[kPathCapacity] = "?";
+        SHGetPathFromIDListA(reinterpret_cast<const ITEMIDLIST*>(lParam), path);
+        chooser.selected += path;
+        chooser.selectedSize = ILGetSize(reinterpret_cast<const ITEMIDLIST*>(lParam));
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+ITEMIDLIST* WINAPI browse(BROWSEINFOA* info) {
+    ++chooser.shown;
+    chooser.owner = info->hwndOwner;
+    chooser.title = info->lpszTitle;
+    chooser.flags = info->ulFlags;
+    CHECK(info->pidlRoot == nullptr);
+    std::memset(info->pszDisplayName, 'x', MAX_PATH);
+    const TestWindow window("chooser");
+    SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(chooserProcedure));
+    for (const UINT message : {BFFM_SELCHANGED, BFFM_INITIALIZED, BFFM_SELCHANGED})
+        CHECK(info->lpfn(window, message, 0, info->lParam) == 0);
+    ItemList chosen;
+    if (!chooser.choice.empty()) PathToItemList(nullptr, chooser.choice.c_str(), chosen);
+    return chosen.release();
+}
+
+// Lets the user choose, from `path` on.
+std::string chosenFrom(const std::string& path, const std::string& choice, bool chosen) {
+    char buffer[kPathCapacity] = "";
     std::strcpy(buffer, path.c_str());
-    const ModalDriver driver([&](HWND window) {
-        CHECK(labelTexts(window).find("Select the folder.") == 0);
-        takeScreenshot(window, "BROWSE");
-        press(window, button);
-    });
-    const bool chosen = BrowseForFolder(nullptr, "Select the folder.", buffer);
-    CHECK(driver.shown() == windows);
-    path = buffer;
-    return chosen;
+    const TestWindow owner("owner");
+    chooser = {};
+    chooser.choice = choice;
+    CHECK(BrowseForFolder(owner, "Select the folder.", buffer) == chosen);
+    if (chooser.shown != 0) {
+        CHECK(chooser.owner == owner);
+        CHECK(chooser.title == "Select the folder.");
+        CHECK(chooser.flags == BIF_RETURNONLYFSDIRS);
+    }
+    return buffer;
 }
 
 }  // namespace
+
+REPLACE_IMPORT(SHBrowseForFolderA, 4, browse);
 
 TEST_CASE("The desktop's folder is known by every name") {
     const std::string desktop = desktopPath();
@@ -76,18 +119,17 @@ TEST_CASE("A path becomes an item list and back") {
 }
 
 TEST_CASE("The folder chooser starts at the folder and gives the chosen one") {
-    std::string path = "C:\\missing";
-    CHECK_FALSE(choose(path, IDCANCEL, 0));
-    CHECK(path == "C:\\missing");
-    // The system's chooser shows a tree of icons, without a display it breaks down.
-    if (!kHasDisplay) return;
+    CHECK(chosenFrom("C:\\missing", windowsPath(), false) == "C:\\missing");
+    CHECK(chooser.shown == 0);
 
-    path = windowsPath();
-    CHECK(choose(path, IDOK, 1));
-    CHECK(upperCaseOf(path) == upperCaseOf(windowsPath()));
-    for (const std::string& start : {windowsPath(), desktopPath()}) {
-        path = start;
-        CHECK_FALSE(choose(path, IDCANCEL, 1));
-        CHECK(path == start);
-    }
+    CHECK(chosenFrom(windowsPath(), "", false) == windowsPath());
+    CHECK(chooser.shown == 1);
+    CHECK(upperCaseOf(chooser.selected) == upperCaseOf(windowsPath()));
+    CHECK(upperCaseOf(chosenFrom("C:\\", windowsPath(), true)) == upperCaseOf(windowsPath()));
+    CHECK(upperCaseOf(chooser.selected) == "C:\\");
+
+    // The desktop's own item, which stands above all others.
+    CHECK(upperCaseOf(chosenFrom(desktopPath(), "C:\\", true)) == "C:\\");
+    CHECK(upperCaseOf(chooser.selected) == upperCaseOf(desktopPath()));
+    CHECK(chooser.selectedSize == sizeof(USHORT));
 }

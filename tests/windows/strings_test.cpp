@@ -3,19 +3,48 @@
 
 #include "res/resource.h"
 #include "support/modal_windows.h"
+#include "support/replaced_import_windows.h"
 #include "support/test_module_windows.h"
+#include "support/test_pc.h"
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
+#include <cstring>
 #include <string>
 
 using namespace tidewell;
 
 namespace {
 
-std::string stringOf(UINT id) {
-    const LocalText text(LoadStringAlloc(ResourceModule, id));
+// A module whose every string is `onlyString`.
+HINSTANCE const kOneString = reinterpret_cast<HINSTANCE>(UINT_PTR{0x1230000});
+std::string onlyString;
+// How much of the buffer it leaves free when it is cut: one byte more where half a character finds no room.
+size_t leftByCut = 1;
+
+int WINAPI loadString(HINSTANCE module, UINT id, LPSTR buffer, int size) {
+    static const auto real = systemFunction<decltype(&LoadStringA)>("user32.dll", "LoadStringA");
+    if (module != kOneString) return real(module, id, buffer, size);
+    const auto capacity = static_cast<size_t>(size);
+    const size_t length = onlyString.size() < capacity ? onlyString.size() : capacity - leftByCut;
+    std::memcpy(buffer, onlyString.data(), length);
+    buffer[length] = '\0';
+    return static_cast<int>(length);
+}
+
+std::string stringOf(HINSTANCE module, UINT id) {
+    const LocalText text(LoadStringAlloc(module, id));
     return text ? text.get() : "(none)";
+}
+
+// The entries of a list up to its first empty one.
+std::string entriesOf(UINT id) {
+    const LocalText list(LoadStringList(id));
+    std::string entries;
+    for (const char* entry = list.get(); *entry != '\0'; entry += std::strlen(entry) + 1)
+        entries += "[" + std::string(entry) + "]";
+    return entries;
 }
 
 // A label in a window, which finds it by the number 7.
@@ -29,18 +58,34 @@ struct LabelWindow : TestWindow {
 
 }  // namespace
 
-TEST_CASE_FIXTURE(ModuleState, "Strings come whole or split at their bars, missing ones not at all") {
-    CHECK(stringOf(IDS_TITLE) == "Tidewell 98");
-    CHECK(stringOf(10) == "(none)");
-    CHECK(stringOf(60000) == "(none)");
-    CHECK(stringOf(IDS_RESOURCE_FILTER) == "Binary Resource Data|*.*|Hex Resource Data (*.txt)|*.txt||");
-    const LocalText list(LoadStringList(IDS_SIZE_UNITS));
-    const char split[] = " byte\0 bytes\0KB\0KB\0MB\0MB\0GB\0GB\0";
-    CHECK(std::string(list.get(), sizeof split) == std::string(split, sizeof split));
+REPLACE_IMPORT(LoadStringA, 16, loadString);
+
+TEST_CASE_FIXTURE(ModuleState, "Strings come whole, however long, and missing ones not at all") {
+    CHECK(stringOf(ResourceModule, IDS_TITLE) == "Tidewell 98");
+    CHECK(stringOf(ResourceModule, 10) == "(none)");
     CHECK(LoadStringList(10) == nullptr);
-    CHECK(stringOf(2004) == "3\xBD floppy formatting code");
-    CHECK(stringOf(2047) == "PostScript\xAE resource");
-    CHECK(stringOf(2033) == "Large (32 x 32) black & white icon with mask");
+    for (const size_t length : {1, 252, 253, 254, 255, 256, 257, 510, 511, 512, 3000}) {
+        for (leftByCut = 1; leftByCut <= 2; ++leftByCut) {
+            onlyString = std::string(length - 1, 'x') + "y";
+            CHECK(stringOf(kOneString, 1) == onlyString);
+        }
+    }
+}
+
+TEST_CASE_FIXTURE(ModuleState, "A list is split at its bars, but not within a double-byte character") {
+    CHECK(entriesOf(IDS_SIZE_UNITS) == "[ byte][ bytes][KB][KB][MB][MB][GB][GB]");
+    // Two of its bars are second bytes of characters.
+    onlyString = "\x83|a|b\x81\x83|\x83||c||d";
+    ResourceModule = kOneString;
+    CHECK(entriesOf(1) == "[\x83][a][b\x81\x83][\x83]");
+    TestPc pc;
+    pc.setCodePage(932);
+    ResourceModule = kOneString;
+    CHECK(entriesOf(1) == "[\x83|a][b\x81\x83][\x83|][c]");
+    // A list that fills its buffer has its end all the same.
+    leftByCut = 1;
+    onlyString = std::string(252, 'x') + "|";
+    CHECK(entriesOf(1) == "[" + std::string(252, 'x') + "]");
 }
 
 TEST_CASE_FIXTURE(ModuleState,
@@ -56,24 +101,12 @@ TEST_CASE_FIXTURE(ModuleState,
     CHECK_FALSE(SetDlgItemTextFromString(window, 8, IDS_CLOSE));
     CHECK_FALSE(FormatWindowText(window, 8, "x"));
     CHECK(windowText(window.label) == "&Close");
-
-    const LabelWindow longOne("'%1'");
+    // A text that is no template, and one that is long.
+    SetWindowTextA(window.label, "%1!q");
+    CHECK_FALSE(FormatWindowText(window, 7, "x"));
+    CHECK(windowText(window.label) == "%1!q");
     const std::string name(1500, 'n');
-    CHECK(FormatWindowText(longOne, 7, name.c_str()));
-    CHECK(windowText(longOne.label) == "'" + name + "'");
-}
-
-// The product has no string this long, another language may.
-TEST_CASE("A string longer than the first buffer is not cut") {
-    HMODULE const module = GetModuleHandleA("shell32.dll");
-    size_t longest = 0;
-    for (UINT id = 0; id < 1000; ++id) {
-        char buffer[8000];
-        const int length = LoadStringA(module, id, buffer, sizeof buffer);
-        const LocalText text(LoadStringAlloc(module, id));
-        CHECK((text ? std::string(text.get()) : std::string()) ==
-              std::string(buffer, static_cast<size_t>(length)));
-        if (static_cast<size_t>(length) > longest) longest = static_cast<size_t>(length);
-    }
-    CHECK(longest > 256);
+    SetWindowTextA(window.label, "'%1'");
+    CHECK(FormatWindowText(window, 7, name.c_str()));
+    CHECK(windowText(window.label) == "'" + name + "'");
 }
