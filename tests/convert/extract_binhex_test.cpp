@@ -66,7 +66,8 @@ Bytes joined(Bytes bytes, const Bytes& more) {
 size_t memoryTaken(TestPc& pc) {
     size_t bytes = 0;
     for (const pc::JournalEntry& entry : pc.journal().entries()) {
-        if (entry.call == "VirtualAlloc" || entry.call == "HeapAlloc") bytes += static_cast<size_t>(entry.amount);
+        if (entry.call == "VirtualAlloc" || entry.call == "HeapAlloc")
+            bytes += static_cast<size_t>(entry.amount);
     }
     return bytes;
 }

@@ -117,6 +117,7 @@ TEST_CASE_FIXTURE(RecordingPc,
     const Answer shown = {0, "M:\\Work\\Sub\\Shown"};
     CHECK(ask(LookUpMacName, "M:\\Work\\Sub", "a/b") == shown);
     CHECK(driver->request == requestOf(1, 0, 518, {3, 'a', '/', 'b'}));
+    driver->creating = [this] { folder().write("M/Work/Sub/Shown", ""); };
     CHECK(ask(CreateMacNamedFile, "M:\\Work\\Sub", "a/b") == shown);
     CHECK(driver->request == requestOf(0, 0, 518, {3, 'a', '/', 'b'}));
     CHECK(askUnicode("M:\\Work\\Sub", u"a\u65E5") == shown);
@@ -160,7 +161,15 @@ TEST_CASE_FIXTURE(RecordingPc, "A file that the driver made, but no path can nam
     CHECK(folder().names("M/Work/Sub").empty());
     CHECK(ask(CreateMacNamedFile, work, "a", work.size() + 1).error == ERROR_INSUFFICIENT_BUFFER);
     CHECK(folder().names("M/Work/Sub").empty());
+    // Nor does one whose path is too long for programs.
+    const std::string longest(255, 'x');
+    driver->name = std::u16string(255, u'x');
+    driver->creating = [&] { folder().write("M/Work/Sub/" + longest, ""); };
+    CHECK(ask(CreateMacNamedFile, work, "a").error == ERROR_FILENAME_EXCED_RANGE);
+    CHECK(folder().names("M/Work/Sub").empty());
     // One that was there already does.
+    driver->name = u"\u221E";
+    driver->creating = [this] { folder().write("M/Work/Sub/\u221E", ""); };
     driver->creating();
     CHECK(ask(LookUpMacName, work, "a").error == ERROR_INVALID_NAME);
     CHECK(folder().names("M/Work/Sub").size() == 1);
