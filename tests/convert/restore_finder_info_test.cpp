@@ -25,10 +25,13 @@ const MacFile kBare = {.data = patternOf(5),
                        .attributes = 0};
 
 // Zeros instead of what is always replaced.
-Bytes without(Bytes record, size_t position, size_t attributes, size_t attributesSize) {
-    std::fill_n(record.begin() + static_cast<ptrdiff_t>(position), 4, 0);
-    std::fill_n(record.begin() + static_cast<ptrdiff_t>(attributes), attributesSize, 0);
-    return record;
+Bytes without(const Bytes& record, size_t position, size_t attributes, size_t attributesSize) {
+    Bytes left;
+    for (size_t i = 0; i < record.size(); ++i) {
+        const bool replaced = i - position < 4 || i - attributes < attributesSize;
+        left.push_back(replaced ? 0 : record[i]);
+    }
+    return left;
 }
 
 }  // namespace
