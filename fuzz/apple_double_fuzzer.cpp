@@ -15,7 +15,6 @@ namespace {
 using tidewell::FinderInfoRecord;
 
 constexpr char kFork[] = "M:\\file\\{4DD19183-ACE2-11CF-BBF2-444553540000}";
-constexpr char kFinderInfo[] = "M:\\file\\{4DD19184-ACE2-11CF-BBF2-444553540000}";
 
 void checkNames(const FuzzPc& pc) {
     mustBe(pc.folder().names("M") == std::vector<std::string>{"._file", "file"}, "other files were made");
@@ -41,13 +40,13 @@ void changeFinderInfo(const FuzzPc& pc) {
     const std::optional<Bytes> fork = resourceFork();
     const std::string bytes = pc.folder().read("M/._file");
     FinderInfoRecord record, again;
-    if (!tidewell::ReadFinderInfo(kFinderInfo, &record)) return;
+    if (!tidewell::ReadFinderInfo(ForkPathsOf("M:\\file"), &record)) return;
     record.mac.finder.type = record.mac.finder.type ^ 0x01010101;
-    if (!tidewell::WriteFinderInfo(kFinderInfo, &record)) {
+    if (!tidewell::WriteFinderInfo(ForkPathsOf("M:\\file"), &record)) {
         mustBe(pc.folder().read("M/._file") == bytes, "a failed change changed something");
         return;
     }
-    mustBe(tidewell::ReadFinderInfo(kFinderInfo, &again) != 0, "what was written cannot be read");
+    mustBe(tidewell::ReadFinderInfo(ForkPathsOf("M:\\file"), &again) != 0, "what was written cannot be read");
     mustBe(std::memcmp(&record.mac, &again.mac, sizeof record.mac) == 0, "another record comes back");
     mustBe(resourceFork() == fork, "the resource fork is another");
 }
@@ -72,7 +71,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t size) {
     const bool all = choice % 8 == 0;
     if (all || choice % 3 == 0) {
         FinderInfoRecord record;
-        pack(tidewell::ReadFinderInfo(kFinderInfo, &record) != 0);
+        pack(tidewell::ReadFinderInfo(ForkPathsOf("M:\\file"), &record) != 0);
         mustBe(pc.folder().read("M/._file") == textOf(bytes, size), "packing changed its source");
         checkNames(pc);
     }

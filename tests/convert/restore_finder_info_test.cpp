@@ -37,11 +37,15 @@ Bytes without(const Bytes& record, size_t position, size_t attributes, size_t at
 }  // namespace
 
 TEST_CASE("Fields that are 0 in the header keep what the file had, on a disk that forgets it, too") {
-    for (const auto& [path, keepsStreams] :
-         {std::pair("M:\\Test", false), std::pair("N:\\Test", false), std::pair("N:\\Test", true)}) {
-        CAPTURE(std::string(path));
+    struct {
+        const char* path;
+        bool keepsStreams;
+    } const rows[] = {{"M:\\Test", false}, {"N:\\Test", false}, {"N:\\Test", true}};
+    for (const auto& row : rows) {
+        const std::string path = row.path;
+        CAPTURE(path);
         TestPc pc;
-        pc.drive('N')->volume->setKeepsStreams(keepsStreams);
+        pc.drive('N')->volume->setKeepsStreams(row.keepsStreams);
         const MacFile had = {.data = patternOf(9), .resource = patternOf(3)};
         writeMacFile(path, had);
         CHECK(extractBytes(macBinaryFile({kBare}), ".bin", path[0]) == 0);
