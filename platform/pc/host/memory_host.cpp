@@ -20,7 +20,7 @@ class Contents {
     uint64_t size() const { return size_; }
 
     size_t read(uint64_t offset, void* buffer, size_t count) const {
-        if (offset >= size_) return 0;
+        if (offset >= size_ || count == 0) return 0;
         count = static_cast<size_t>(std::min<uint64_t>(count, size_ - offset));
         const size_t start = static_cast<size_t>(std::min<uint64_t>(offset, bytes_->size()));
         const size_t there = std::min(count, bytes_->size() - start);
