@@ -6,7 +6,6 @@
 
 #include <doctest/doctest.h>
 
-
 using namespace tidewell;
 
 namespace {
