@@ -3,8 +3,9 @@
  * that is built beside the DLL (libtidewell.a), or loads the DLL and finds the functions under their names;
  * for that there is a type of each function, TidewellNAME.
  *
- * Paths are in the system's ANSI code page, full or relative to the program's current folder. Results named ERROR_... are Windows error codes, 0 for success; besides those told here a function
- * returns the system's own error. What a function asks and shows, it does on the thread that calls it.
+ * Paths are in the system's ANSI code page, full or relative to the program's current folder. Results named
+ * ERROR_... are Windows error codes, 0 for success; besides those told here a function returns the system's
+ * own error. What a function asks and shows, it does on the thread that calls it.
  */
 #ifndef TIDEWELL_H
 #define TIDEWELL_H
@@ -51,9 +52,10 @@ typedef DWORD(WINAPI* TidewellCreateMacBinaryFile)(HWND owner, const char* sourc
  *
  * ERROR_INVALID_PARAMETER (87): one of the other pointers is null. ERROR_INVALID_NAME (123): the
  * destination is a device. ERROR_BAD_PATHNAME (161): it is no folder. ERROR_INVALID_DATA (13): another
- * extension, or no such file by its contents. ERROR_FILE_EXISTS (80): the question has no answer. ERROR_CRC (23):
- * what it holds is damaged. ERROR_HANDLE_EOF (38): it is shorter than it says. ERROR_HANDLE_DISK_FULL (39):
- * less was written than asked for. ERROR_NOT_ENOUGH_MEMORY (8). ERROR_CANCELLED (1223): the user cancels.
+ * extension, or no such file by its contents. ERROR_FILE_EXISTS (80): the question has no answer. ERROR_CRC
+ * (23): what it holds is damaged. ERROR_HANDLE_EOF (38): it is shorter than it says. ERROR_HANDLE_DISK_FULL
+ * (39): less was written than asked for. ERROR_NOT_ENOUGH_MEMORY (8). ERROR_CANCELLED (1223): the user
+ * cancels.
  *
  * The source is only read. After an error nothing partial is left; a file that was to be replaced may be
  * gone.

@@ -3,7 +3,6 @@
 #include "kernel.h"
 #include "pc_path.h"
 
-#include <functional>
 #include <utility>
 
 namespace kernel {
@@ -14,8 +13,7 @@ HANDLE addHandle(const std::string& path, const pc::OpenMode& mode, pc::Opened o
     pc::Pc& pc = *pc::Pc::current();
     const uintptr_t value = pc.newHandle();
     pc.openFiles()[value] =
-        pc::OpenFile{path,          mode,          std::move(opened.identity), target.device,
-                     target.volume, target.inside, std::move(opened.file),     0};
+        pc::OpenFile{path, mode, std::move(opened.identity), target.device, std::move(opened.file), 0};
     return reinterpret_cast<HANDLE>(value);
 }
 
@@ -132,29 +130,6 @@ DWORD GetFileSize(HANDLE handle, LPDWORD high) {
         SetLastError(NO_ERROR);  // 0xFFFFFFFF is a size, too
     }
     return call.end(error, static_cast<DWORD>(size), INVALID_FILE_SIZE);
-}
-
-// Times and the volume's serial number are 0; the index is the same for all openings of one stream.
-BOOL GetFileInformationByHandle(HANDLE handle, LPBY_HANDLE_FILE_INFORMATION information) {
-    pc::OpenFile* const file = openFileOf(handle);
-    Call call("GetFileInformationByHandle", file);
-    if (file == nullptr) return call.end(ERROR_INVALID_HANDLE);
-    pc::Error error = call.fault();
-    uint64_t size = 0;
-    if (error == 0) error = file->file->size(size);
-    pc::Opened queried;
-    if (error == 0 && file->volume == nullptr) error = ERROR_INVALID_FUNCTION;
-    if (error == 0) error = file->volume->openForQuery(file->inside, queried);
-    if (error != 0) return call.end(error);
-    const uint64_t index = std::hash<std::string>()(file->identity);
-    *information = {};
-    information->dwFileAttributes = queried.attributes;
-    information->nFileSizeHigh = static_cast<DWORD>(size >> 32);
-    information->nFileSizeLow = static_cast<DWORD>(size);
-    information->nNumberOfLinks = 1;
-    information->nFileIndexHigh = static_cast<DWORD>(index >> 32);
-    information->nFileIndexLow = static_cast<DWORD>(index);
-    return call.end(0);
 }
 
 BOOL FlushFileBuffers(HANDLE handle) {

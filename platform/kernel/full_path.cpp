@@ -1,4 +1,4 @@
-#include "full_path.h"
+#include "pc_path.h"
 
 #include "pc/names/letter_case.h"
 

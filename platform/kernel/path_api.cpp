@@ -1,6 +1,5 @@
 // Files and volumes by path.
 #include "call.h"
-#include "full_path.h"
 #include "kernel.h"
 #include "pc_path.h"
 

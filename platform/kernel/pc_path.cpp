@@ -1,7 +1,6 @@
 #include "pc_path.h"
 
 #include "pc/names/utf8.h"
-#include "full_path.h"
 #include "kernel.h"
 
 #include <optional>

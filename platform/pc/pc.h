@@ -29,8 +29,6 @@ struct OpenFile {
     OpenMode mode;     // neither reading nor writing for a query of attributes
     std::string identity;
     std::shared_ptr<Device> device;  // which outlives its openings, or null
-    Volume* volume = nullptr;        // null for a device
-    std::string inside;              // the file's path of the volume
     std::unique_ptr<File> file;
     uint64_t position = 0;
 };

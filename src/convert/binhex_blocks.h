@@ -18,10 +18,11 @@ constexpr DWORD kBinHexBlock = 128 * 1024;
 struct BinHexMemory {
     static constexpr size_t kPage = 4096;
 
-    uint8_t beforeText[kPage];  // for what is left over of the block before
-    uint8_t text[kBinHexBlock];
+    uint8_t text[kPage + kBinHexBlock];    // what is left over of the block before may stand before a block
     uint8_t values[kBinHexBlock + kPage];  // of the text's characters
     uint8_t fork[kBinHexBlock];
+
+    uint8_t* block() { return text + kPage; }
 };
 static_assert(kBinHexOverrun + 3 <= BinHexMemory::kPage);
 
@@ -37,8 +38,8 @@ struct BinHexBlocks {
     const uint8_t* end;
 };
 
-// Reads as far as the next multiple of a block. At the end of the file, `next` is `end`. The system's error,
-// or ERROR_HANDLE_EOF when the file is shorter than it was.
+// Reads the next block, the last of which may be shorter. At the end of the file, `next` is `end`. The
+// system's error, or ERROR_HANDLE_EOF when the file is shorter than it was.
 ErrorCode ReadBinHexBlock(BinHexBlocks& blocks);
 
 }  // namespace tidewell

@@ -21,7 +21,7 @@ static_assert(sizeof kJapaneseMarker - 1 == 57);
 
 // As much of a marker as a block may end with and not hold all of it.
 constexpr size_t kBegunMarker = sizeof kJapaneseMarker - 2;
-static_assert(kBegunMarker <= sizeof(BinHexMemory::beforeText));
+static_assert(kBegunMarker <= BinHexMemory::kPage);
 
 enum class Place { BeforeMarker, BeforeText, InText, BehindText };
 
@@ -47,7 +47,7 @@ const uint8_t* skipToMarkersEnd(Scan& scan, const uint8_t* next, const uint8_t* 
         return found;
     }
     scan.kept = length < kBegunMarker ? length : kBegunMarker;
-    std::memmove(scan.memory.text - scan.kept, end - scan.kept, scan.kept);
+    std::memmove(scan.memory.block() - scan.kept, end - scan.kept, scan.kept);
     return end;
 }
 
@@ -96,7 +96,7 @@ const uint8_t* FindBinHexStart(const uint8_t* buffer, size_t length) {
 
 ErrorCode ScanBinHexFile(HANDLE file, uint64_t size, BinHexMemory& memory, BinHexExtent& extent) {
     Scan scan = {memory};
-    BinHexBlocks blocks = {file, 0, size, memory.text, nullptr, nullptr};
+    BinHexBlocks blocks = {file, 0, size, memory.block(), nullptr, nullptr};
     for (;;) {
         if (const ErrorCode error = ReadBinHexBlock(blocks)) return error;
         if (blocks.next == blocks.end) break;

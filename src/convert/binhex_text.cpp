@@ -48,7 +48,7 @@ ErrorCode OpenBinHexText(HANDLE file, uint64_t size, const BinHexExtent& extent,
     if (SetFilePointer(file, low, &high, FILE_BEGIN) == INVALID_SET_FILE_POINTER &&
         GetLastError() != NO_ERROR)
         return GetLastError();
-    text.blocks = {file, extent.start, size, memory.text, nullptr, nullptr};
+    text.blocks = {file, extent.start, size, memory.block(), nullptr, nullptr};
     text.values = memory.values;
     text.next = text.end = text.begun = memory.values;
     text.undecoded = extent.decoded;

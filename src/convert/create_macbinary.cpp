@@ -67,7 +67,8 @@ ErrorCode createFromFullPaths(const char* sourcePath, const char* outputPath, Pr
     char source[kPathCapacity];
     char output[kPathCapacity];
     ErrorCode error = GetFullPath(sourcePath, source);
-    if (error == 0) error = GetFullOutputPath(outputPath, output);
+    if (error != 0) return MeansNothingThere(error) ? ERROR_INVALID_PARAMETER : error;
+    error = GetFullOutputPath(outputPath, output);
     return error != 0 ? error : PackMacFile(source, output, progress);
 }
 
@@ -75,9 +76,9 @@ ErrorCode createFromFullPaths(const char* sourcePath, const char* outputPath, Pr
 
 ErrorCode FindMacFile(const char* sourcePath, ForkPaths& paths) {
     ErrorCode error = FindForkPaths(sourcePath, paths);
-    // A drive without its disk may get it.
-    if (error != 0)
-        return MeansNothingThere(error) && error != ERROR_NOT_READY ? ERROR_INVALID_PARAMETER : error;
+    // A drive without its disk may get it; of a file that is there, nothing else says that it keeps nothing.
+    const bool none = paths.dataLength == 0 && MeansNothingThere(error) && error != ERROR_NOT_READY;
+    if (error != 0) return none ? ERROR_INVALID_PARAMETER : error;
     if (paths.kind == VolumeKindOther) return ERROR_INVALID_PARAMETER;
     error = checkExists(paths.dataPath);
     // Under Windows 95 and 98 only the driver keeps Finder information, and it has one for every file.

@@ -1,6 +1,7 @@
 #include "convert/extraction.h"
 
 #include "macfile/mac_name.h"
+#include "module/module_state.h"
 #include "convert/restore_finder_info.h"
 #include "ui/confirm_replace.h"
 #include "ui/display_title.h"
@@ -16,6 +17,7 @@ namespace {
 ErrorCode confirmReplace(const Extraction& extraction, ExtractedFile& file) {
     if ((*extraction.flags & kReplaceAll) != 0) return 0;
     ProgressPause(extraction.progress);
+    SetLastError(NO_ERROR);
     const int answer = ConfirmFileReplace(extraction.owner, file.paths.dataPath,
                                           (*extraction.flags & kMoreFollow) != 0 ? TRUE : FALSE);
     // The resume serves the display, which must not lose the answer to its last error.
@@ -30,15 +32,21 @@ ErrorCode confirmReplace(const Extraction& extraction, ExtractedFile& file) {
     }
 }
 
+// Whether the error is the system's word for a path that is too long. Windows 95 and 98 may say 3 of any file
+// below a file.
+bool isTooLong(ErrorCode error) {
+    return error == ERROR_FILENAME_EXCED_RANGE || (error == ERROR_PATH_NOT_FOUND && RunningOnNt);
+}
+
 // The forks' paths from that of the file, which may not be there yet. A volume that keeps Mac information
-// must get it all: what is said of the longest path, a fork's, is said now, and not when half of the file is
+// must get it all: that the longest path, a fork's, is too long is said now, and not when half of the file is
 // there.
 ErrorCode reachForks(VolumeKind kind, ForkPaths& paths) {
     const ErrorCode error = SetForkPaths(kind, paths);
     if (error != 0 || paths.resourceLength == 0) return error;
     if (GetFileAttributesA(paths.resourcePath) != INVALID_FILE_ATTRIBUTES) return 0;
-    const ErrorCode look = lastErrorOr(ERROR_GEN_FAILURE);
-    return look == ERROR_FILE_NOT_FOUND ? 0 : look;
+    const ErrorCode look = GetLastError();
+    return isTooLong(look) ? look : 0;
 }
 
 ErrorCode replaceFile(const Extraction& extraction, VolumeKind kind, ExtractedFile& file) {

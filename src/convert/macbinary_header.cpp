@@ -6,6 +6,7 @@
 #include "convert/swap_fields.h"
 #include "macfile/finder_info.h"
 #include "base/path.h"
+#include "base/text.h"
 
 #include <cstring>
 
@@ -38,6 +39,14 @@ ErrorCode getForkLength(HANDLE file, DWORD& length) {
     length = static_cast<DWORD>(size);
     // Cutting it to 32 bits would lose the rest.
     return error == 0 && size != length ? ERROR_FILE_TOO_LARGE : error;
+}
+
+// In bytes, of as much of a file's name as a Mac name can hold.
+size_t lengthOfWholeCharacters(const char* name) {
+    const char* end = name;
+    while (*end != '\0' && static_cast<size_t>(nextCharacter(end) - name) <= kMaxNameLength)
+        end = nextCharacter(end);
+    return static_cast<size_t>(end - name);
 }
 
 // What tells a MacBinary header from other bytes.
@@ -77,7 +86,7 @@ BOOL BuildMacBinaryHeader(const ForkPaths& paths, HANDLE dataFile, HANDLE resour
     default: return failWith(ERROR_INVALID_PARAMETER);
     }
     // A header without a name could never be unpacked, so a nameless record of a driver gets one, too.
-    if (header->nameLength == 0) setName(*header, fileName, std::strlen(fileName));
+    if (header->nameLength == 0) setName(*header, fileName, lengthOfWholeCharacters(fileName));
 
     DWORD dataLength = 0;
     DWORD resourceLength = 0;

@@ -50,7 +50,8 @@ ErrorCode SetForkPaths(VolumeKind kind, ForkPaths& paths) {
     paths.kind = kind;
     paths.dataLength = static_cast<DWORD>(std::strlen(paths.dataPath));
     paths.resourceLength = GetResourceForkPath(kind, paths.dataPath, paths.resourcePath, resourceCapacity);
-    paths.finderInfoLength = GetFinderInfoPath(kind, paths.dataPath, paths.finderInfoPath, finderInfoCapacity);
+    paths.finderInfoLength =
+        GetFinderInfoPath(kind, paths.dataPath, paths.finderInfoPath, finderInfoCapacity);
     settlePart(paths.resourcePath, paths.resourceLength, resourceCapacity);
     settlePart(paths.finderInfoPath, paths.finderInfoLength, finderInfoCapacity);
     const bool whole = paths.resourceLength != 0 && paths.finderInfoLength != 0;

@@ -22,9 +22,12 @@ struct ForkPaths {
 
 // ForkPaths over buffers of its own.
 struct ForkPathBuffers : ForkPaths {
-    ForkPathBuffers() noexcept
-        : ForkPaths{data,       sizeof data,       resource,       sizeof resource,
-                    finderInfo, sizeof finderInfo, VolumeKindOther} {}
+    ForkPathBuffers() noexcept : ForkPaths() {
+        dataPath = data;
+        resourcePath = resource;
+        finderInfoPath = finderInfo;
+        dataLength = resourceLength = finderInfoLength = kPathCapacity;
+    }
     ForkPathBuffers(const ForkPathBuffers&) = delete;
     ForkPathBuffers& operator=(const ForkPathBuffers&) = delete;
 

@@ -77,13 +77,17 @@ ErrorCode buildPath(const char* folder, const WCHAR* units, char* outPath, DWORD
     return checkConverted(outPath + start, units);
 }
 
-// Takes away the file that the driver has just made under a name which no path of the code page can tell. On
+// Takes away the file that the driver has just made under a name that no path of the code page reaches. On
 // Windows 95 and 98, which know no other paths, it stays.
 void deleteUnnamed(const FolderUnits& folder, const ReplyName& name) {
-    WCHAR path[kMacFolderUnits + kReplyUnits + 1];
-    std::memcpy(path, folder.units, sizeof folder.units);
-    WCHAR* end = path + folder.count - 1;
-    if (end == path || end[-1] != '\\') *end++ = '\\';
+    // By its prefix a path may be of any length.
+    constexpr WCHAR kPrefix[] = {'\\', '\\', '?', '\\'};
+    WCHAR path[sizeof kPrefix / sizeof *kPrefix + kMacFolderUnits + kReplyUnits + 1];
+    WCHAR* const start = path + (folder.units[1] == ':' ? sizeof kPrefix / sizeof *kPrefix : 0);
+    std::memcpy(path, kPrefix, sizeof kPrefix);
+    std::memcpy(start, folder.units, sizeof folder.units);
+    WCHAR* end = start + folder.count - 1;
+    if (end == start || end[-1] != '\\') *end++ = '\\';
     std::memcpy(end, name.units, sizeof name.units);
     DeleteFileW(path);
 }
@@ -102,8 +106,11 @@ ErrorCode askDriver(MacNameRequest& request, const char* folder, char* outPath, 
     if (error != 0) return error;
     const ReplyName name(reply);
     error = buildPath(folder, name.units, outPath, capacity);
-    const bool created = request.operation == static_cast<uint8_t>(MacNameOperation::create);
-    if (error != 0 && created) deleteUnnamed(units, name);
+    if (request.operation != static_cast<uint8_t>(MacNameOperation::create)) return error;
+    // What no program can look at, it can neither write to nor delete by this path.
+    if (error == 0 && GetFileAttributesA(outPath) == INVALID_FILE_ATTRIBUTES)
+        error = lastErrorOr(ERROR_FILE_NOT_FOUND);
+    if (error != 0) deleteUnnamed(units, name);
     return error;
 }
 
@@ -124,7 +131,7 @@ ErrorCode replacedPath(const char* folder, const uint8_t* macName, char* outPath
     char name[kNameCapacity];
     if (!MacNameToWindowsName(macName, name, sizeof name)) return lastErrorOr(ERROR_MORE_DATA);
     MakeNameUsable(name);
-    return JoinPath(outPath, capacity, outPath, name) < capacity ? 0 : ERROR_INSUFFICIENT_BUFFER;
+    return JoinPath(outPath, capacity, outPath, name) < capacity ? 0 : ERROR_FILENAME_EXCED_RANGE;
 }
 
 }  // namespace

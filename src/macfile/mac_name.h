@@ -11,15 +11,15 @@ namespace tidewell {
 // A Mac name is length-prefixed, in the Mac character set; `kind` is that of the volume of `folder`;
 // `outPath` receives a full path, `capacity` is its size in bytes. On a Mac volume the driver maps the name;
 // elsewhere the characters that Windows forbids become "_". Besides those named, the errors are the system's
-// and the driver's: ERROR_INSUFFICIENT_BUFFER for a folder that does not fit `outPath`, ERROR_MORE_DATA for a
-// name that does not fit a path.
+// and the driver's: ERROR_INSUFFICIENT_BUFFER for a folder that does not fit `outPath`,
+// ERROR_FILENAME_EXCED_RANGE for a path that does not, ERROR_MORE_DATA for a name that does not fit a path.
 
 // 0: the item is there; ERROR_FILE_NOT_FOUND: it is not, or ERROR_PATH_NOT_FOUND: not even its folder.
 ErrorCode LookUpMacName(VolumeKind kind, const char* folder, const uint8_t* macName, uint32_t reserved,
                         char* outPath, DWORD capacity);
 
 // Afterwards a file is at `outPath`; one that was there already is kept as it is. After an error there is no
-// new file.
+// new file; only Windows 95 and 98 cannot take away one whose name is outside the code page.
 ErrorCode CreateMacNamedFile(VolumeKind kind, const char* folder, const uint8_t* macName, uint32_t reserved,
                              char* outPath, DWORD capacity);
 

@@ -8,8 +8,13 @@ namespace tidewell {
 
 namespace {
 
-// Whether the folder has a Finder information of the driver that is not empty. An error other than the three
-// that a volume of another kind gives for the name.
+// What a volume of another kind says of a name that it does not have, or cannot have.
+bool isForeign(ErrorCode error) {
+    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME ||
+           error == ERROR_BAD_PATHNAME || error == ERROR_FILENAME_EXCED_RANGE;
+}
+
+// Whether the folder has a Finder information of the driver that is not empty.
 ErrorCode tellMacVolume(const char* folder, bool& mac) {
     mac = false;
     char path[kPathCapacity];
@@ -17,9 +22,7 @@ ErrorCode tellMacVolume(const char* folder, bool& mac) {
     uint64_t size = 0;
     const ErrorCode error = GetSizeByPath(path, size);
     mac = error == 0 && static_cast<DWORD>(size) != 0;
-    const bool none =
-        error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME;
-    return none ? 0 : error;
+    return isForeign(error) ? 0 : error;
 }
 
 ErrorCode tellNtfs(const char* rootPath, bool& ntfs) {

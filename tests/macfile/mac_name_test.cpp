@@ -94,8 +94,10 @@ TEST_CASE("Names outside Mac volumes: a name never leads out of its folder") {
 TEST_CASE("Names outside Mac volumes: what does not fit is told") {
     TestPc pc;
     pc.folder().makeFolder("F/Sub");
-    for (const size_t capacity : {6u, 7u, 8u, 9u, 10u}) {
-        const ErrorCode wanted = capacity < 10 ? ERROR_INSUFFICIENT_BUFFER : ERROR_FILE_NOT_FOUND;
+    for (const size_t capacity : {6u, 7u, 9u, 10u}) {
+        const ErrorCode wanted = capacity == 6   ? ERROR_INSUFFICIENT_BUFFER
+                                 : capacity < 10 ? ERROR_FILENAME_EXCED_RANGE
+                                                 : ERROR_FILE_NOT_FOUND;
         CHECK_MESSAGE(ask(LookUpMacName, "F:\\Sub", "a", capacity).error == wanted, capacity);
     }
 }
@@ -115,6 +117,7 @@ TEST_CASE_FIXTURE(RecordingPc,
     const Answer shown = {0, "M:\\Work\\Sub\\Shown"};
     CHECK(ask(LookUpMacName, "M:\\Work\\Sub", "a/b") == shown);
     CHECK(driver->request == requestOf(1, 0, 518, {3, 'a', '/', 'b'}));
+    driver->creating = [this] { folder().write("M/Work/Sub/Shown", ""); };
     CHECK(ask(CreateMacNamedFile, "M:\\Work\\Sub", "a/b") == shown);
     CHECK(driver->request == requestOf(0, 0, 518, {3, 'a', '/', 'b'}));
     CHECK(askUnicode("M:\\Work\\Sub", u"a\u65E5") == shown);
@@ -158,7 +161,15 @@ TEST_CASE_FIXTURE(RecordingPc, "A file that the driver made, but no path can nam
     CHECK(folder().names("M/Work/Sub").empty());
     CHECK(ask(CreateMacNamedFile, work, "a", work.size() + 1).error == ERROR_INSUFFICIENT_BUFFER);
     CHECK(folder().names("M/Work/Sub").empty());
+    // Nor does one whose path is too long for programs.
+    const std::string longest(255, 'x');
+    driver->name = std::u16string(255, u'x');
+    driver->creating = [&] { folder().write("M/Work/Sub/" + longest, ""); };
+    CHECK(ask(CreateMacNamedFile, work, "a").error == ERROR_FILENAME_EXCED_RANGE);
+    CHECK(folder().names("M/Work/Sub").empty());
     // One that was there already does.
+    driver->name = u"\u221E";
+    driver->creating = [this] { folder().write("M/Work/Sub/\u221E", ""); };
     driver->creating();
     CHECK(ask(LookUpMacName, work, "a").error == ERROR_INVALID_NAME);
     CHECK(folder().names("M/Work/Sub").size() == 1);

@@ -63,6 +63,8 @@ TEST_CASE("A kind that cannot be told is an error, and shown as none") {
         // Names that the file system does not take cannot be there.
         {"CreateFileA", "F:\\", ERROR_INVALID_NAME, "0"},
         {"CreateFileA", "F:\\", ERROR_PATH_NOT_FOUND, "0"},
+        {"CreateFileA", "F:\\", ERROR_BAD_PATHNAME, "0"},
+        {"CreateFileA", "F:\\", ERROR_FILENAME_EXCED_RANGE, "0"},
     };
     for (const auto& row : rows) {
         CAPTURE(row.call);

@@ -100,6 +100,8 @@ TEST_CASE("A path is as long as its system counts it") {
         CHECK(attributesError("F:\\" + name.substr(0, half) + "\\xy") == longer);
         CHECK(attributesError("\\\\?\\F:\\" + name + "x") ==
               (nt ? ERROR_PATH_NOT_FOUND : ERROR_INVALID_NAME));
+        pc.setPathLimit(MAX_PATH);  // which is in bytes
+        CHECK(attributesError("F:\\" + name) == ERROR_FILENAME_EXCED_RANGE);
         const WCHAR wide[] = {'F', ':', '\\', 'x', 0};
         CHECK_FALSE(DeleteFileW(wide));
         CHECK(GetLastError() == (nt ? ERROR_FILE_NOT_FOUND : ERROR_CALL_NOT_IMPLEMENTED));

@@ -84,3 +84,16 @@ TEST_CASE_FIXTURE(PlainVolumes,
     REQUIRE(ntfs->remove("a") == 0);
     CHECK(folder.names().empty());
 }
+
+TEST_CASE_FIXTURE(PlainVolumes, "a file that is read-only is read and nothing else") {
+    folder.write("a", "1");
+    folder.setWritable("a", false);
+    pc::Opened opened;
+    REQUIRE(fat->openForQuery("a", opened) == 0);
+    CHECK(opened.attributes == 0x21);
+    CHECK(contentsOf(*fat, "a") == "1");
+    CHECK(openError(*fat, "a") == 5);  // for writing, too
+    CHECK(openError(*ntfs, "a", createAlways) == 5);
+    CHECK(fat->remove("a") == 5);
+    CHECK(folder.read("a") == "1");
+}

@@ -126,16 +126,12 @@ bool AppleDouble::hasMacAttributes() const {
 }
 
 // In the same folder, and among the driver's own names: it is never seen, even if it had to stay.
-std::string AppleDouble::temporaryPath(unsigned attempt) const {
-    const std::string folder = path_.substr(0, path_.rfind('/') + 1);
-    return folder + std::string(kDriverPrefix) + "tidewell-" + std::to_string(host_->process()) + "-" +
-           std::to_string(attempt);
-}
-
 Error AppleDouble::createTemporary(std::string& path, std::unique_ptr<HostFile>& file) const {
+    const std::string prefix = path_.substr(0, path_.rfind('/') + 1) + std::string(kDriverPrefix) +
+                               "tidewell-" + std::to_string(host_->process()) + "-";
     Error error = ERROR_FILE_EXISTS;
     for (unsigned attempt = 0; error == ERROR_FILE_EXISTS && attempt < kTemporaryAttempts; ++attempt) {
-        path = temporaryPath(attempt);
+        path = prefix + std::to_string(attempt);
         error = host_.open(path, {true, true, true}, file);
     }
     return error;

@@ -55,7 +55,6 @@ class AppleDouble {
     Error open(bool write);
     Error readHeader(AppleDoubleSource& source) const;
     Error findBodyStart(AppleDoubleSource& source) const;
-    std::string temporaryPath(unsigned attempt) const;
     Error createTemporary(std::string& path, std::unique_ptr<HostFile>& file) const;
     Error fill(HostFile& file, const AppleDoubleLayout& layout,
                const std::vector<AppleDoubleEdit>& edits) const;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <set>
 
 namespace pc {
 
@@ -27,11 +28,10 @@ struct RawEntry {
 };
 static_assert(sizeof(RawEntry) == AppleDoubleHeader::kEntrySize);
 
-bool identifiersDiffer(std::vector<AppleDoubleEntry> entries) {
-    const auto lessId = [](const AppleDoubleEntry& a, const AppleDoubleEntry& b) { return a.id < b.id; };
-    const auto sameId = [](const AppleDoubleEntry& a, const AppleDoubleEntry& b) { return a.id == b.id; };
-    std::sort(entries.begin(), entries.end(), lessId);
-    return std::adjacent_find(entries.begin(), entries.end(), sameId) == entries.end();
+bool identifiersDiffer(const std::vector<AppleDoubleEntry>& entries) {
+    std::set<uint32_t> identifiers;
+    return std::all_of(entries.begin(), entries.end(),
+                       [&](const AppleDoubleEntry& entry) { return identifiers.insert(entry.id).second; });
 }
 
 // Entries without bytes are nowhere, and overlap nothing.

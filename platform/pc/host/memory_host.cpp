@@ -20,7 +20,7 @@ class Contents {
     uint64_t size() const { return size_; }
 
     size_t read(uint64_t offset, void* buffer, size_t count) const {
-        if (offset >= size_) return 0;
+        if (offset >= size_ || count == 0) return 0;
         count = static_cast<size_t>(std::min<uint64_t>(count, size_ - offset));
         const size_t start = static_cast<size_t>(std::min<uint64_t>(offset, bytes_->size()));
         const size_t there = std::min(count, bytes_->size() - start);
@@ -130,8 +130,12 @@ MemoryHost::MemoryHost() : root_(std::make_shared<Node>()) {
 
 MemoryHost::~MemoryHost() = default;
 
+MemoryHost::NodeRef MemoryHost::Place::share() const {
+    return folder->names.find(name)->second;
+}
+
 Error MemoryHost::find(std::string_view path, Place& place) const {
-    place = {root_, "", root_};
+    place = {root_.get(), "", root_.get()};
     for (size_t start = 0; start < path.size();) {
         const size_t end = std::min(path.find('/', start), path.size());
         const std::string_view name = path.substr(start, end - start);
@@ -140,13 +144,12 @@ Error MemoryHost::find(std::string_view path, Place& place) const {
         if (place.node == nullptr || !place.node->folder) return ERROR_PATH_NOT_FOUND;
         if (name.size() > kLongestName) return ERROR_FILENAME_EXCED_RANGE;
         const auto found = place.node->names.find(name);
-        const bool there = found != place.node->names.end();
-        place = {place.node, std::string(name), there ? found->second : nullptr};
+        place = {place.node, name, found != place.node->names.end() ? found->second.get() : nullptr};
     }
     return place.node != nullptr ? 0 : ERROR_FILE_NOT_FOUND;
 }
 
-Error MemoryHost::findFile(const std::string& path, Place& place) const {
+Error MemoryHost::findFile(std::string_view path, Place& place) const {
     const Error error = find(path, place);
     return error == 0 && place.node->folder ? ERROR_ACCESS_DENIED : error;
 }
@@ -173,8 +176,8 @@ Error MemoryHost::remove(const std::string& path) {
     Place place;
     const Error error = findFile(path, place);
     if (error != 0) return error;
-    place.folder->names.erase(place.name);
-    place.folder->ahead.erase(place.name);
+    for (Names* const names : {&place.folder->names, &place.folder->ahead})
+        names->erase(std::string(place.name));
     return 0;
 }
 
@@ -184,9 +187,10 @@ Error MemoryHost::replace(const std::string& from, const std::string& to) {
     if (error != 0) return error;
     error = findFile(to, target);
     if (error != 0 && error != ERROR_FILE_NOT_FOUND) return error;
+    const NodeRef moved = source.share();
     for (Names Node::*const names : {&Node::names, &Node::ahead}) {
-        (source.folder.get()->*names).erase(source.name);
-        (target.folder.get()->*names)[target.name] = source.node;
+        (source.folder->*names).erase(std::string(source.name));
+        (target.folder->*names)[std::string(target.name)] = moved;
     }
     return 0;
 }
@@ -203,12 +207,15 @@ Error MemoryHost::open(const std::string& path, const HostAccess& access, std::s
     Place place;
     Error error = findFile(path, place);
     if (access.create && (error == 0 || error == ERROR_ACCESS_DENIED)) return ERROR_FILE_EXISTS;
+    NodeRef node;
     if (access.create && error == ERROR_FILE_NOT_FOUND) {
         error = 0;
-        place.node = place.folder->names[place.name] = std::make_shared<Node>();
+        node = place.folder->names[std::string(place.name)] = std::make_shared<Node>();
+    } else if (error == 0) {
+        node = place.share();
     }
-    if (error == 0 && access.write && !place.node->writable) error = ERROR_ACCESS_DENIED;
-    if (error == 0) file = std::make_unique<MemoryFile>(*this, place.node, access, std::move(space));
+    if (error == 0 && access.write && !node->writable) error = ERROR_ACCESS_DENIED;
+    if (error == 0) file = std::make_unique<MemoryFile>(*this, std::move(node), access, std::move(space));
     return error;
 }
 
@@ -232,8 +239,8 @@ Error MemoryHost::link(const std::string& existing, const std::string& path) {
     const Error error = findFile(existing, source);
     if (error != 0) return error;
     if (find(path, target) != ERROR_FILE_NOT_FOUND) return ERROR_FILE_EXISTS;
-    target.folder->names[target.name] = source.node;
-    flush(source.node);
+    const NodeRef node = target.folder->names[std::string(target.name)] = source.share();
+    flush(node);
     return 0;
 }
 

@@ -39,12 +39,13 @@ class MemoryHost final : public Host {
 
     // Where a path leads: the folder and the name in it, and what is there.
     struct Place {
-        NodeRef folder;
-        std::string name;
-        NodeRef node;
+        Node* folder;
+        std::string_view name;  // of the path
+        Node* node;
+        NodeRef share() const;
     };
     Error find(std::string_view path, Place& place) const;
-    Error findFile(const std::string& path, Place& place) const;
+    Error findFile(std::string_view path, Place& place) const;
     void flush(const NodeRef& file);
     // From the root on; `action` may change what names the folder has.
     template <typename Action>

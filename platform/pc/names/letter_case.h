@@ -7,11 +7,11 @@
 
 namespace pc {
 
-// UTF-8; bytes that are no characters stay as they are.
+// UTF-8, no longer and no shorter; bytes that are no characters stay as they are.
 std::string upperCase(std::string_view text);
 
 inline bool equalIgnoringCase(std::string_view a, std::string_view b) {
-    return a == b || upperCase(a) == upperCase(b);
+    return a.size() == b.size() && (a == b || upperCase(a) == upperCase(b));
 }
 
 }  // namespace pc

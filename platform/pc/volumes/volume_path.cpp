@@ -32,6 +32,7 @@ Error takeStream(std::string& component, std::string& stream) {
 
 Error parseVolumePath(const std::string& path, StreamNames streams, VolumePath& parsed) {
     parsed = VolumePath();
+    parsed.components.reserve(4);
     for (size_t start = 0; start < path.size();) {
         size_t end = path.find_first_of(kSeparators, start);
         const bool last = end == std::string::npos;
