@@ -149,6 +149,9 @@ TEST_CASE("An existing file is replaced only when the user says so") {
     CHECK(!scriptedUser.several);
     CHECK(extract(IDCANCEL) == ERROR_CANCELLED);
     CHECK(extract(-1) == ERROR_FILE_EXISTS);
+    scriptedUser.answerError = ERROR_NOT_ENOUGH_MEMORY;
+    CHECK(extract(-1) == ERROR_NOT_ENOUGH_MEMORY);
+    scriptedUser.answerError = 0;
     // What is none of the answers is no leave to replace.
     for (const int answer : {0, IDOK, 3, 8, -2})
         CHECK(extract(answer) == ERROR_FILE_EXISTS);

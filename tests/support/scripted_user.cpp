@@ -57,6 +57,7 @@ int confirmReplace(HWND, const char* filePath, BOOL moreFollow) {
     ++scriptedUser.asked;
     scriptedUser.several = moreFollow != FALSE;
     if (scriptedUser.progress != nullptr) scriptedUser.pausesAtQuestion = scriptedUser.progress->pauses;
+    if (scriptedUser.answerError != 0) SetLastError(scriptedUser.answerError);
     return scriptedUser.answer;
 }
 

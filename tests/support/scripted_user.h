@@ -15,6 +15,7 @@
 struct ScriptedUser {
     // The script.
     int answer = IDYES;     // to every replace question
+    DWORD answerError = 0;  // that comes with it
     int cancelAtServe = 0;  // the n-th time that the display is served
     DWORD createError = 0;  // the display cannot be made
     std::function<void()> onServe = [] {};
