@@ -21,8 +21,8 @@ struct LocaleNumbers {
     LocaleNumbers() {
         char groups[kGroupingCapacity] = "";
         GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SGROUPING, groups, sizeof groups);
-        for (const char* c = groups; *c >= '0' && *c <= '9'; ++c)
-            grouping = grouping * 10 + static_cast<UINT>(*c - '0');
+        // One digit, and what more groups there are behind it.
+        if (*groups >= '0' && *groups <= '9') grouping = static_cast<UINT>(*groups - '0');
         GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, decimal, sizeof decimal);
         GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_STHOUSAND, thousands, sizeof thousands);
     }

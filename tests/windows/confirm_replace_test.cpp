@@ -167,6 +167,7 @@ TEST_CASE_FIXTURE(ModuleState,
             CHECK(SendMessageA(control, WM_KEYDOWN, VK_ESCAPE, 0) == 0);
             REQUIRE(PeekMessageA(&message, dialog, WM_COMMAND, WM_COMMAND, PM_NOREMOVE));
             CHECK(message.wParam == IDCANCEL);
+            CHECK(message.lParam == 0);
             CHECK(propertiesHeld == 2);
         });
         CHECK(propertiesHeld == 0);

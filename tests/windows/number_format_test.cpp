@@ -93,6 +93,14 @@ TEST_CASE_FIXTURE(Numbers, "Numbers follow the user's separators, grouping and s
     CHECK(numberText(1'234'567) == "1.234.567");
     CHECK(sizeText(UINT64_MAX, TRUE) == "17.179.869.184,0GB");
     CHECK(sizeText(1'572'864, FALSE) == "1.572.864 bytes");
+    for (const char* const nonsense : {"/", ":", ""}) {
+        use(",", ".", nonsense);
+        CHECK(numberText(1'234'567) == "1234567");
+    }
+    use(",", ".", "9;0");
+    CHECK(numberText(INT32_MIN) == "-2.147483648");
+    use(",", ".", "3;2;0");
+    CHECK(numberText(1'234'567) == "1.234.567");
     use(",", ".", "0;0");
     CHECK(numberText(1'234'567) == "1234567");
 }

