@@ -18,6 +18,13 @@ INT_PTR CALLBACK countCommands(HWND, UINT message, WPARAM wParam, LPARAM) {
     return FALSE;
 }
 
+WPARAM character = 0;
+
+LRESULT CALLBACK keepCharacter(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_CHAR) character = wParam;
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
 bool anyMessageWaits() {
     MSG message;
     return PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE) != FALSE;
@@ -44,6 +51,12 @@ TEST_CASE_FIXTURE(
     PumpMessages(nullptr);
     CHECK(commands == 1);
     CHECK_FALSE(anyMessageWaits());
+
+    const TestWindow typedInto("typed into");
+    SetWindowLongPtrA(typedInto, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(keepCharacter));
+    PostMessageA(typedInto, WM_KEYDOWN, '7', 0);
+    PumpMessages(nullptr);
+    CHECK(character == '7');
 
     // It comes before keys, which must work all the same.
     PostQuitMessage(42);

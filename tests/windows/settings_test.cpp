@@ -14,6 +14,7 @@ namespace {
 
 LSTATUS WINAPI setValue(HKEY key, LPCSTR name, DWORD reserved, DWORD type, const BYTE* bytes, DWORD size) {
     static const auto real = systemFunction<decltype(&RegSetValueExA)>("advapi32.dll", "RegSetValueExA");
+    CHECK(reserved == 0);
     // Newer systems add a NUL that is missing, Windows 95 does not.
     if (type == REG_SZ) CHECK(bytes[size - 1] == '\0');
     return real(key, name, reserved, type, bytes, size);

@@ -28,6 +28,7 @@ size_t leftByCut = 1;
 int WINAPI loadString(HINSTANCE module, UINT id, LPSTR buffer, int size) {
     static const auto real = systemFunction<decltype(&LoadStringA)>("user32.dll", "LoadStringA");
     if (module != kOneString) return real(module, id, buffer, size);
+    REQUIRE(size > 2);
     const auto capacity = static_cast<size_t>(size);
     const size_t length = onlyString.size() < capacity ? onlyString.size() : capacity - leftByCut;
     std::memcpy(buffer, onlyString.data(), length);
