@@ -1,5 +1,7 @@
 #include "base/full_path.h"
 
+#include "base/path.h"
+
 #include <cstring>
 
 namespace tidewell {
@@ -17,10 +19,6 @@ bool beginsWithPrefix(const char* path, char mark) {
     return isSeparator(path[0]) && isSeparator(path[1]) && path[2] == mark && isSeparator(path[3]);
 }
 
-bool hasDrive(const char* path) {
-    return path[0] != '\0' && path[1] == ':';
-}
-
 ErrorCode resolve(const char* path, char* full) {
     const DWORD length = GetFullPathNameA(path, kPathCapacity, full, nullptr);
     if (length == 0) return lastErrorOr(ERROR_INVALID_NAME);
@@ -32,7 +30,7 @@ ErrorCode resolveVerbatim(const char* path, char* full) {
     char plain[kPathCapacity] = "\\\\";
     const bool server = std::strncmp(path, kVerbatimServer, sizeof kVerbatimServer - 1) == 0;
     const char* const rest = path + (server ? sizeof kVerbatimServer : sizeof "\\\\?\\") - 1;
-    if (!server && !hasDrive(rest)) return ERROR_INVALID_NAME;
+    if (!server && !HasDrive(rest)) return ERROR_INVALID_NAME;
     char* const start = plain + (server ? 2 : 0);
     const size_t size = std::strlen(rest) + 1;
     if (size > static_cast<size_t>(plain + sizeof plain - start)) return ERROR_FILENAME_EXCED_RANGE;

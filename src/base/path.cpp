@@ -29,6 +29,10 @@ DWORD JoinPath(char* out, DWORD capacity, const char* dir, const char* name) {
     return static_cast<DWORD>(size);
 }
 
+bool HasDrive(const char* path) {
+    return path[0] != '\0' && path[1] == ':';
+}
+
 const char* FileNamePart(const char* path) {
     if (const char* const backslash = lastCharacter(path, '\\')) return backslash + 1;
     if (const char* const colon = lastCharacter(path, ':')) return colon + 1;

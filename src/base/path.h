@@ -12,6 +12,9 @@ namespace tidewell {
 // its terminating NUL; when that exceeds `capacity` nothing is written.
 DWORD JoinPath(char* out, DWORD capacity, const char* dir, const char* name);
 
+// Whether the path begins with a drive's letter and colon.
+bool HasDrive(const char* path);
+
 // What follows the last backslash, else the last colon, else `path` itself.
 const char* FileNamePart(const char* path);
 

@@ -1,8 +1,8 @@
 #include "convert/extraction.h"
 
+#include "convert/restore_finder_info.h"
 #include "macfile/mac_name.h"
 #include "module/module_state.h"
-#include "convert/restore_finder_info.h"
 #include "ui/confirm_replace.h"
 #include "ui/display_title.h"
 

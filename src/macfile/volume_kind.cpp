@@ -51,11 +51,6 @@ ErrorCode tellVolumeKind(const char* rootPath, VolumeKind& kind) {
     return error == 0 && !ntfs ? look : error;
 }
 
-// The first letter of a relative or network path says nothing about a drive.
-bool hasDrive(const char* path) {
-    return path[0] != '\0' && path[1] == ':';
-}
-
 ErrorCode tellVolumeKindOfDrive(const char* path, VolumeKind& kind) {
     char root[] = "A:\\";
     root[0] = path[0];
@@ -78,7 +73,7 @@ VolumeKind GetVolumeKind(const char* rootPath) {
 
 // A folder with a drive is asked about by its root: its own Finder information may be out of a path's reach.
 ErrorCode TellVolumeKindOfFolder(const char* folder, VolumeKind& kind) {
-    if (hasDrive(folder)) return tellVolumeKindOfDrive(folder, kind);
+    if (HasDrive(folder)) return tellVolumeKindOfDrive(folder, kind);
     bool mac = false;
     const ErrorCode error = tellMacVolume(folder, mac);
     kind = mac ? VolumeKindMac : VolumeKindOther;
@@ -86,7 +81,7 @@ ErrorCode TellVolumeKindOfFolder(const char* folder, VolumeKind& kind) {
 }
 
 ErrorCode TellVolumeKindOfPath(const char* path, VolumeKind& kind) {
-    if (hasDrive(path)) return tellVolumeKindOfDrive(path, kind);
+    if (HasDrive(path)) return tellVolumeKindOfDrive(path, kind);
     kind = VolumeKindOther;
     return 0;
 }
