@@ -29,10 +29,7 @@ TEST_CASE("A full path is Windows' reading of what was typed") {
 #endif
     pc.setCurrentFolder("M:\\Work");
     pc.setCurrentFolder("N:\\Sub\\Deep\\");
-    const struct {
-        const char* path;
-        const char* full;
-    } rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"x", "N:\\Sub\\Deep\\x"},
         {"..\\x/", "N:\\Sub\\x\\"},
         {"..\\..\\..\\..\\x", "N:\\x"},
@@ -54,8 +51,8 @@ TEST_CASE("A full path is Windows' reading of what was typed") {
         {"//server/share/a", "\\\\server\\share\\a"},
         {"", "error 123"},
     };
-    for (const auto& row : rows)
-        CHECK_MESSAGE(fullPath(row.path) == row.full, row.path);
+    for (const auto& [path, full] : rows)
+        CHECK_MESSAGE(fullPath(path) == full, path);
     char text[5] = "kept";
     CHECK(GetFullPathNameA("F:\\a", 4, text, nullptr) == 5);
     CHECK(std::string(text) == "kept");

@@ -6,7 +6,8 @@
 #include <doctest/doctest.h>
 
 #include <sys/stat.h>
-#include <unistd.h>
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -14,16 +15,10 @@ struct NativeVolume {
     TempFolder folder;
     std::unique_ptr<pc::Volume> volume = pc::makeMacVolume(folder.host(), folder.path());
 
-    void link(const char* target, const char* name) const {
-        REQUIRE(::symlink(target, folder.path(name).c_str()) == 0);
-    }
-    void setMode(const char* name, mode_t mode) const {
-        REQUIRE(::chmod(folder.path(name).c_str(), mode) == 0);
-    }
-    mode_t modeOf(const char* name) const {
-        struct stat status {};
-        REQUIRE(::stat(folder.path(name).c_str(), &status) == 0);
-        return status.st_mode & 07777;
+    void link(const char* target, const char* name) const { fs::create_symlink(target, folder.path(name)); }
+    void setMode(const char* name, int mode) const { fs::permissions(folder.path(name), fs::perms(mode)); }
+    bool hasMode(const char* name, int mode) const {
+        return fs::status(folder.path(name)).permissions() == fs::perms(mode);
     }
 };
 
@@ -47,7 +42,7 @@ TEST_CASE_FIXTURE(NativeVolume, "what is no regular file is never opened") {
 
 TEST_CASE_FIXTURE(NativeVolume, "all links to a file are one file") {
     folder.write("a", "1");
-    REQUIRE(::link(folder.path("a").c_str(), folder.path("hard").c_str()) == 0);
+    fs::create_hard_link(folder.path("a"), folder.path("hard"));
     link("a", "soft");
     link("nowhere", "dangling");
     for (const char* const name : {"soft", "hard"})
@@ -62,10 +57,10 @@ TEST_CASE_FIXTURE(NativeVolume, "permissions show as attributes and are kept") {
     folder.write("a", "");
     setMode("a", 0640);
     REQUIRE(changeFinderInfo(*volume, "a", "TEXTttxt") == 0);
-    CHECK(modeOf("._a") == 0640);
+    CHECK(hasMode("._a", 0640));
     setMode("._a", 0604);
     REQUIRE(writeFile(*volume, std::string("a") + kResourceFile, "") == 0);
-    CHECK(modeOf("._a") == 0604);
+    CHECK(hasMode("._a", 0604));
     setMode("a", 0444);
     pc::Opened opened;
     REQUIRE(volume->openForQuery("a", opened) == 0);

@@ -54,6 +54,7 @@ TEST_CASE("A Mac name is cut between characters, and a host's name stands for it
     CHECK(unicodeMacNameFromHost(std::string(254, 'x') + "\U0001F4BE") == std::u16string(254, u'x'));
     CHECK(unicodeMacNameFromHost(std::string(253, 'x') + "\U0001F4BE").size() == 255);
     CHECK(hostNameFromMac("..") == hostNameOf(windowsNameOf("_.")));
+    CHECK(hostNameFromMac("R\x8Esum\x8E/ ?\\\xF0") == "R\u00E9sum\u00E9: ?\\\uF8FF");
     CHECK_FALSE(standsFor("readme", std::string("ReadMe")));
     CHECK(standsFor("\u65E5:", std::u16string(u"\u65E5/")));
     CHECK_FALSE(standsFor("e\u0301", std::u16string(u"\u00E9")));
