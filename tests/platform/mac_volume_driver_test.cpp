@@ -39,26 +39,10 @@ struct DriverPc : TestPc {
 }  // namespace
 
 TEST_CASE("A Mac name gets a file of its folder that keeps it, apart from the driver's own files") {
-    for (const std::string name : {"R\x8Esum\x8E/ \xB7\xF0",
-                                   "What? \"x\" <a|b>*\\",
-                                   "ends in .",
-                                   "ends in \x0D",
-                                   "A name of more than 31 characters",
-                                   "",
-                                   ".",
-                                   "..",
-                                   "../x",
-                                   "/",
-                                   "._here",
-                                   "._",
-                                   "..\\..\\x",
-                                   "M:\\x",
-                                   "._here/x",
-                                   "here\\._here",
-                                   " ",
-                                   "CON",
-                                   kResourceFile + 1,
-                                   "{4dd19184-ace2-11cf-bbf2-444553540000}"}) {
+    for (const std::string name : {"R\x8Esum\x8E/ \xB7\xF0", "What? \"x\" <a|b>*\\", "ends in .",
+                                   "ends in \x0D", "A name of more than 31 characters", "", "..", "../x", "/",
+                                   "._here", "..\\..\\x", "M:\\x", "._here/x", "here\\._here", " ", "CON",
+                                   kResourceFile + 1, "{4dd19184-ace2-11cf-bbf2-444553540000}"}) {
         CAPTURE(name);
         DriverPc pc;
         const std::string fork = std::string("Work\\here") + kResourceFile;
