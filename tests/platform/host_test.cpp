@@ -90,15 +90,3 @@ TEST_CASE("The host in memory is one like the machine's own") {
     checkHost(native);
 #endif
 }
-
-TEST_CASE("A name that was moved, and not flushed, is on the disk or not") {
-    for (const bool moved : {false, true}) {
-        const MemoryFolder folder;
-        folder.write("a", "new");
-        folder.write("b", "old");
-        REQUIRE(folder.host()->replace("/a", "/b") == 0);
-        folder.host()->losePower(moved ? pc::PowerCut::keepsNames : pc::PowerCut::losesNames);
-        CHECK(folder.has("a") != moved);
-        CHECK(folder.read("b") == (moved ? "new" : "old"));
-    }
-}

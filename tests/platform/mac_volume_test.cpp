@@ -45,22 +45,9 @@ TEST_CASE_FIXTURE(MacFolder, "what can be opened of what there is and is not") {
     }
     CHECK(folder.names() == Names{"._Own", "._a", "Sub", "a"});
     CHECK(contentsOf(*volume, "a\\{4dd19183-ace2-11cf-bbf2-444553540000}").empty());
-    CHECK(volume->remove("a" + kInfo) == 5);
-}
-
-TEST_CASE_FIXTURE(MacFolder, "a file takes its Mac information with it") {
-    for (const std::string path : {"a", "b"})
-        REQUIRE(writeFile(*volume, path, "data") == 0);
-    REQUIRE(writeFile(*volume, "a" + kFork, "fork") == 0);
-    pc::Opened opened;
-    REQUIRE(openFile(*volume, "a" + kFork, openExisting, opened) == 0);
-    REQUIRE(volume->remove("a") == 0);
-    CHECK(opened.file->write(0, "x", 1) == 2);
-    CHECK(folder.names() == Names{"b"});
-    CHECK(volume->remove("") == 5);
-}
-
-TEST_CASE_FIXTURE(MacFolder, "a host's name may hold the stand-in of a reserved character") {
+    for (const std::string path : {"", (kInfo.c_str() + 1)})
+        CHECK(volume->remove(path) == 5);
+    // A host's name may hold the stand-in of a reserved character.
     folder.makeFolder("s\uF021");
     folder.write("s\uF021/t\uF021", "1");
     CHECK(contentsOf(*volume, "s\uF021\\t\uF021") == "1");
@@ -85,4 +72,8 @@ TEST_CASE_FIXTURE(MacFolder, "forks and settings changed through several open fi
     CHECK(std::string(bytes) == "onetwo");
     CHECK(entryOf(folder.read("._a"), 2) == "onetwo");
     CHECK(entryOf(folder.read("._a"), 9).substr(0, 8) == "TEXTttxt");
+    // A file takes its Mac information with it.
+    REQUIRE(volume->remove("a") == 0);
+    CHECK(writer.file->write(0, "x", 1) == 2);
+    CHECK(folder.names().empty());
 }

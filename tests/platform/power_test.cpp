@@ -37,9 +37,8 @@ void makeFiles(TestPc& pc) {
 TEST_CASE("What was not flushed is gone with the power, and every handle") {
     for (const PowerCut cut : {PowerCut::keepsNames, PowerCut::losesNames}) {
         TestPc pc;
-        writeFile("F:\\old", bytesOf("old"));
-        writeFile("F:\\gone", bytesOf("gone"));
-        pc.flushAll();
+        pc.folder().write("F/old", "old");
+        pc.folder().write("F/gone", "gone");
         writeFile("F:\\new", bytesOf("new"));
         writeFile("N:\\owner", {});
         const HANDLE file = CreateFileA("F:\\old", GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -62,17 +61,22 @@ TEST_CASE("What was not flushed is gone with the power, and every handle") {
     }
 }
 
-TEST_CASE("A volume that flushes no Finder information waits for no disk") {
-    MemoryFolder folder("/Volume");
-    const auto volume = pc::makeMacVolume(folder.host(), folder.path(), pc::FinderFlush::withDataFork);
-    folder.write("a", "");
-    REQUIRE(changeFinderInfo(*volume, "a", "TEXTttxt") == 0);
-    pc::Opened opened;
-    REQUIRE(openFile(*volume, std::string("a") + kFinderFile, openExisting, opened) == 0);
-    REQUIRE(opened.file->flush() == 0);
-    opened = {};
-    folder.memory().losePower(PowerCut::losesNames);
-    CHECK_FALSE(folder.has("._a"));
+TEST_CASE("A volume that flushes no Finder information leaves to the disk whether a name has moved") {
+    for (const PowerCut cut : {PowerCut::keepsNames, PowerCut::losesNames}) {
+        MemoryFolder folder("/Volume");
+        const auto volume = pc::makeMacVolume(folder.host(), folder.path(), pc::FinderFlush::withDataFork);
+        const std::string old = appleDoubleHeader({{9, 38, 32}}) + std::string(32, 'i');
+        folder.write("a", "");
+        folder.write("._a", old);
+        REQUIRE(changeFinderInfo(*volume, "a", "TEXTttxt", 1) == 0);
+        const std::string anew = folder.read("._a");
+        pc::Opened opened;
+        REQUIRE(openFile(*volume, std::string("a") + kFinderFile, openExisting, opened) == 0);
+        REQUIRE(opened.file->flush() == 0);
+        opened = {};
+        folder.memory().losePower(cut);
+        CHECK(folder.read("._a") == (cut == PowerCut::keepsNames ? anew : old));
+    }
 }
 
 TEST_CASE("The power goes at every call of a change: the Finder information is the old or the new") {
