@@ -49,8 +49,8 @@ TEST_CASE("A full path is Windows' reading of what was typed") {
         {"//server/share/a", "\\\\server\\share\\a"},
         {"", "error 123"},
     };
-    for (const auto& [path, full] : rows)
-        CHECK_MESSAGE(fullPath(path) == full, path);
+    for (const auto& row : rows)
+        CHECK_MESSAGE(fullPath(row.first) == row.second, row.first);
     char text[5] = "kept";
     CHECK(GetFullPathNameA("F:\\a", 4, text, nullptr) == 5);
     CHECK(std::string(text) == "kept");
