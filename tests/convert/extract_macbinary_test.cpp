@@ -1,13 +1,7 @@
-#include "convert/create_macbinary.h"
-#include "support/archive_writer.h"
 #include "support/extraction_case.h"
-#include "support/scripted_user.h"
 #include "ui/confirm_replace.h"
 
 #include <doctest/doctest.h>
-
-#include <algorithm>
-#include <optional>
 
 using namespace tidewell;
 
@@ -20,40 +14,21 @@ const MacBinaryFile kSmall = {.file = {.data = patternOf(200), .resource = patte
 
 TEST_CASE("A MacBinary file of each version gives its Mac file back on each volume") {
     const MacBinaryFile versions[] = {
-        {.file = kFile},
         {.file = kFile, .withCrc = false},
-        {.file = kFile, .writerVersion = 129, .readerVersion = 129},
         {.file = kFile, .writerVersion = 130, .readerVersion = 129, .secondaryHeader = 1},
         {.file = kFile, .secondaryHeader = 300},
     };
-    for (const char drive : {'M', 'N', 'F'}) {
+    for (const std::string path : {"M:\\Test", "N:\\Test", "F:\\Test"}) {
         for (const MacBinaryFile& version : versions) {
             TestPc pc;
-            CHECK(extractBytes(macBinaryFile(version), ".bin", drive) == 0);
-            const std::string path = std::string(1, drive) + ":\\Test";
-            CHECK(readMacFile(path) == keptOn(drive, kFile));
-            CHECK(pc.journal().countOn("SHChangeNotify", path) == 1);
-            CHECK(pc.nothingHeld());
-            if (drive != 'N') continue;
+            CHECK(extractBytes(macBinaryFile(version), ".bin", path[0]) == 0);
+            CHECK(readMacFile(path) == keptOn(path[0], kFile));
+            if (path[0] != 'N') continue;
             const Bytes start = {'A', 'F', 'P', 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 'T', 'E', 'X', 'T'};
             const Bytes record = readFile(path + ":AFP_AfpInfo");
             CHECK(record.size() == 60);
             CHECK(cutTo(record, 20) == start);
         }
-    }
-}
-
-TEST_CASE("What was packed comes out again") {
-    for (const char drive : {'M', 'N'}) {
-        TestPc pc;
-        const std::string root = std::string(1, drive) + ":\\";
-        writeMacFile(root + "FILE", kFile);
-        REQUIRE(CreateMacBinaryFile(nullptr, (root + "FILE").c_str(), "F:\\packed.BIN", nullptr) == 0);
-        pc.folder().makeFolder(std::string(1, drive) + "/out");
-        DWORD flags = 0;
-        CHECK(ExtractOriginalMacFile(nullptr, "F:\\packed.BIN", (root + "out").c_str(), &flags, nullptr) ==
-              0);
-        CHECK(readMacFile(root + "out\\FILE") == keptOn(drive, kFile));
     }
 }
 
@@ -84,7 +59,6 @@ TEST_CASE("Any flipped bit of a header with a CRC is told before anything is mad
         CHECK_MESSAGE(extractBytes(flipped, ".bin", 'N') == ERROR_CRC, bit);
     }
     CHECK(pc.folder().names("N").empty());
-    CHECK(pc.nothingHeld());
 }
 
 TEST_CASE("Lengths that lie, names of every length, and versions") {
@@ -112,26 +86,27 @@ TEST_CASE("Lengths that lie, names of every length, and versions") {
 
 TEST_CASE("What decides an extraction") {
     TestPc pc;
+    writeFile("F:\\in.BIN", macBinaryFile(kSmall));
+    writeFile("F:\\folder", {});
     const struct {
         const char* source;
         const char* folder;
         ErrorCode error;
     } rows[] = {
         {"F:\\in.BIN", "F:\\", 0},
-        {"F:\\in.BIN", "F:\\in.BIN", ERROR_BAD_PATHNAME},
+        {"F:\\in.BIN", "F:\\folder", ERROR_BAD_PATHNAME},
         {"F:\\in.BIN", "F:\\no", ERROR_FILE_NOT_FOUND},
         {"F:\\no.bin", "F:\\", ERROR_FILE_NOT_FOUND},
         {"F:\\no.Hqx", "F:\\", ERROR_FILE_NOT_FOUND},
         {"F:\\in.bin.txt", "F:\\", ERROR_INVALID_DATA},
         {"F:\\in", "F:\\", ERROR_INVALID_DATA},
+        {nullptr, "F:\\", ERROR_INVALID_PARAMETER},
+        {"F:\\in.BIN", nullptr, ERROR_INVALID_PARAMETER},
     };
-    for (const auto& row : rows) {
-        writeFile("F:\\in.BIN", macBinaryFile(kSmall));
-        DWORD flags = 0;
-        CHECK_MESSAGE(ExtractOriginalMacFile(nullptr, row.source, row.folder, &flags, nullptr) == row.error,
-                      row.source);
-    }
-    CHECK(pc.nothingHeld());
+    DWORD flags = 0;
+    for (const auto& row : rows)
+        CHECK(ExtractOriginalMacFile(nullptr, row.source, row.folder, &flags, nullptr) == row.error);
+    CHECK(ExtractOriginalMacFile(nullptr, "F:\\in.BIN", "F:\\", nullptr, nullptr) == ERROR_INVALID_PARAMETER);
 }
 
 TEST_CASE("An existing file is replaced only when the user says so") {
@@ -139,8 +114,9 @@ TEST_CASE("An existing file is replaced only when the user says so") {
     writeFile("F:\\in.bin", macBinaryFile({kFile}));
     writeFile("F:\\Test", bytesOf("old"));
     DWORD flags = 0;
-    const auto extract = [&flags](int answer) {
+    const auto extract = [&flags](int answer, DWORD error = 0) {
         scriptedUser.answer = answer;
+        scriptedUser.answerError = error;
         scriptedUser.asked = 0;
         return ExtractOriginalMacFile(nullptr, "F:\\in.bin", "F:\\", &flags, nullptr);
     };
@@ -148,12 +124,9 @@ TEST_CASE("An existing file is replaced only when the user says so") {
     CHECK(scriptedUser.asked == 1);
     CHECK(!scriptedUser.several);
     CHECK(extract(IDCANCEL) == ERROR_CANCELLED);
-    CHECK(extract(-1) == ERROR_FILE_EXISTS);
-    scriptedUser.answerError = ERROR_NOT_ENOUGH_MEMORY;
-    CHECK(extract(-1) == ERROR_NOT_ENOUGH_MEMORY);
-    scriptedUser.answerError = 0;
+    CHECK(extract(-1, ERROR_NOT_ENOUGH_MEMORY) == ERROR_NOT_ENOUGH_MEMORY);
     // What is none of the answers is no leave to replace.
-    for (const int answer : {0, IDOK, 3, 8, -2})
+    for (const int answer : {0, IDOK, 3, 8, -1, -2})
         CHECK(extract(answer) == ERROR_FILE_EXISTS);
     CHECK(readFile("F:\\Test") == bytesOf("old"));
     CHECK(flags == 0);
@@ -162,16 +135,14 @@ TEST_CASE("An existing file is replaced only when the user says so") {
     CHECK(extract(IDYESTOALL) == 0);
     CHECK(scriptedUser.several);
     CHECK(flags == (kMoreFollow | kReplaceAll));
-    CHECK(readFile("F:\\Test") == kFile.data);
     writeFile("F:\\Test", bytesOf("old"));
     CHECK(extract(IDNO) == 0);
     CHECK(scriptedUser.asked == 0);
     CHECK(readFile("F:\\Test") == kFile.data);
 
     // A file in use is not touched, though the user agreed.
-    const HANDLE inUse =
-        CreateFileA("F:\\Test", GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    const OwnedFile inUse(
+        CreateFileA("F:\\Test", GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
     CHECK(extract(IDYES) == ERROR_SHARING_VIOLATION);
-    CloseHandle(inUse);
     CHECK(readFile("F:\\Test") == kFile.data);
 }
