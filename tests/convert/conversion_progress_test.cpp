@@ -33,8 +33,8 @@ std::string amounts() {
 }
 
 OwnedFile openBeside(const char* path, DWORD access) {
-    return OwnedFile(CreateFileA(path, access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
-                                 nullptr));
+    return OwnedFile(
+        CreateFileA(path, access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
 }
 
 // What a program gets that lets others do what they like: "r", "w", "rw" or "".
