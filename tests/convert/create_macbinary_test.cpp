@@ -12,8 +12,8 @@ namespace {
 
 constexpr char kOutput[] = "F:\\out.bin";
 
-ErrorCode createFrom(const std::string& source, const std::string& output = kOutput) {
-    return CreateMacBinaryFile(nullptr, source.c_str(), output.c_str(), nullptr);
+ErrorCode createFrom(const std::string& source) {
+    return CreateMacBinaryFile(nullptr, source.c_str(), kOutput, nullptr);
 }
 
 }  // namespace
@@ -52,37 +52,6 @@ TEST_CASE("Whole pages of the output are written, in blocks of 64 KiB") {
     CHECK(starts == std::vector<uint64_t>{0, 126, 128, 65536, 131072, 196608, 262144, 300128, 300160});
 }
 
-TEST_CASE("What cannot be packed, and where nothing can be put") {
-    TestPc pc;
-    writeMacFile("M:\\file", {.data = patternOf(200000), .resource = patternOf(200000)});
-    writeFile("F:\\file", patternOf(10));
-    pc.folder().makeFolder("M/folder");
-    pc.drive('F')->volume->setFreeSpace(300000);
-    const struct {
-        std::string source, output;
-        ErrorCode error;
-    } rows[] = {
-        {"F:\\file", kOutput, ERROR_INVALID_PARAMETER},
-        {"M:\\missing", kOutput, ERROR_INVALID_PARAMETER},
-        {"X:\\missing", kOutput, ERROR_INVALID_PARAMETER},
-        {"\\\\server\\share\\file", kOutput, ERROR_INVALID_PARAMETER},
-        {"M:\\" + std::string(300, 'a'), kOutput, ERROR_INVALID_PARAMETER},
-        {"M:\\folder", kOutput, ERROR_ACCESS_DENIED},
-        {"M:\\file", "F:\\no folder\\out.bin", ERROR_PATH_NOT_FOUND},
-        {"M:\\file", "\\\\.\\PhysicalDrive0", ERROR_INVALID_NAME},
-        {"M:\\file", "F:\\" + std::string(300, 'a'), ERROR_FILENAME_EXCED_RANGE},
-        {"M:\\file", kOutput, ERROR_DISK_FULL},
-    };
-    for (const auto& row : rows) {
-        CHECK_MESSAGE(createFrom(row.source, row.output) == row.error, row.source << " " << row.output);
-        CHECK(pc.folder().names("F") == std::vector<std::string>{"file"});
-    }
-    writeFile("N:\\plain", patternOf(10));
-    CHECK(createFrom("N:\\plain") == 0);
-    CHECK(!exists(kOutput));
-    CHECK(pc.nothingHeld());
-}
-
 TEST_CASE("What the looks at a source tell: nothing to pack, no volume for it, or an error") {
     const struct {
         const char* call;
@@ -104,27 +73,6 @@ TEST_CASE("What the looks at a source tell: nothing to pack, no volume for it, o
         CHECK(createFrom("N:\\file") == row.error);
         CHECK(!exists(kOutput));
     }
-    CHECK(CreateMacBinaryFile(nullptr, nullptr, kOutput, nullptr) == ERROR_INVALID_PARAMETER);
-    CHECK(CreateMacBinaryFile(nullptr, "N:\\file", nullptr, nullptr) == ERROR_INVALID_PARAMETER);
-}
-
-TEST_CASE("A source never becomes its own output") {
-    TestPc pc;
-    const MacFile file = {.data = patternOf(1000), .resource = patternOf(2000)};
-    const std::string mac = "M:\\file.bin";
-    const std::string ntfs = "N:\\A long name.bin";
-    writeMacFile(mac, file);
-    writeMacFile(ntfs, file);
-    pc.folder().link("M/file.bin", "M/link");
-    CHECK(createFrom(mac, "M:\\link") == ERROR_SHARING_VIOLATION);
-    CHECK(createFrom(ntfs, "N:\\a LONG name.BIN") == ERROR_SHARING_VIOLATION);
-    for (const char* stream : {":AFP_AfpInfo", ":AFP_Resource"})
-        CHECK_MESSAGE(createFrom(ntfs, ntfs + stream) == ERROR_INVALID_NAME, stream);
-    CHECK(createFrom(mac, mac + "\\{4DD19184-ACE2-11CF-BBF2-444553540000}") == ERROR_INVALID_NAME);
-    CHECK(createFrom(mac, "M:\\._file.bin") != 0);
-    CHECK(readMacFile(mac) == file);
-    CHECK(readMacFile(ntfs) == keptOn('N', file));
-    CHECK(pc.nothingHeld());
 }
 
 TEST_CASE("A fork of 4 GB or more is refused rather than cut") {

@@ -78,6 +78,25 @@ TEST_CASE("Where the text of BinHex begins") {
         checkAnswer(bytesOf(file));
 }
 
+TEST_CASE("Each character has its value, is a blank, or stops, in lines of any length") {
+    const std::string text = binHexText(binHexRuns(binHexSections({{.data = patternOf(500)}})));
+    for (size_t c = 0; c < 256; ++c) {
+        for (const size_t at : {1u, 2u, 16u, 17u, 32u, 41u, 64u}) {
+            std::string damaged = text;
+            damaged[at] = static_cast<char>(c);
+            checkAnswer(bytesOf(kBinHexMarker + damaged), 'F');
+        }
+    }
+    for (size_t line = 1; line < 140; ++line) {
+        std::string lines = kBinHexMarker;
+        for (size_t i = 0; i < text.size(); ++i) {
+            lines += text[i];
+            if (i % line == 0) lines.append(1 + i % 3, "\t\n\r "[i / line % 4]);
+        }
+        checkAnswer(bytesOf(lines));
+    }
+}
+
 TEST_CASE("Run lengths, and a text that ends anywhere in them") {
     const Bytes rows[] = {
         {0x41, 0x90, 0x03},       {0x41, 0x90, 0x01, 0x42},

@@ -1,3 +1,4 @@
+#include "convert/macbinary_crc.h"
 #include "support/extraction_case.h"
 #include "ui/confirm_replace.h"
 
@@ -84,31 +85,6 @@ TEST_CASE("Lengths that lie, names of every length, and versions") {
     }
 }
 
-TEST_CASE("What decides an extraction") {
-    TestPc pc;
-    writeFile("F:\\in.BIN", macBinaryFile(kSmall));
-    writeFile("F:\\folder", {});
-    const struct {
-        const char* source;
-        const char* folder;
-        ErrorCode error;
-    } rows[] = {
-        {"F:\\in.BIN", "F:\\", 0},
-        {"F:\\in.BIN", "F:\\folder", ERROR_BAD_PATHNAME},
-        {"F:\\in.BIN", "F:\\no", ERROR_FILE_NOT_FOUND},
-        {"F:\\no.bin", "F:\\", ERROR_FILE_NOT_FOUND},
-        {"F:\\no.Hqx", "F:\\", ERROR_FILE_NOT_FOUND},
-        {"F:\\in.bin.txt", "F:\\", ERROR_INVALID_DATA},
-        {"F:\\in", "F:\\", ERROR_INVALID_DATA},
-        {nullptr, "F:\\", ERROR_INVALID_PARAMETER},
-        {"F:\\in.BIN", nullptr, ERROR_INVALID_PARAMETER},
-    };
-    DWORD flags = 0;
-    for (const auto& row : rows)
-        CHECK(ExtractOriginalMacFile(nullptr, row.source, row.folder, &flags, nullptr) == row.error);
-    CHECK(ExtractOriginalMacFile(nullptr, "F:\\in.BIN", "F:\\", nullptr, nullptr) == ERROR_INVALID_PARAMETER);
-}
-
 TEST_CASE("An existing file is replaced only when the user says so") {
     TestPc pc;
     writeFile("F:\\in.bin", macBinaryFile({kFile}));
@@ -145,4 +121,11 @@ TEST_CASE("An existing file is replaced only when the user says so") {
         CreateFileA("F:\\Test", GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
     CHECK(extract(IDYES) == ERROR_SHARING_VIOLATION);
     CHECK(readFile("F:\\Test") == kFile.data);
+}
+
+TEST_CASE("The CRC of MacBinary") {
+    const Bytes bytes = patternOf(30000, 7);
+    for (const size_t size : {0u, 1u, 2u, 15u, 16u, 17u, 31u, 32u, 124u, 1000u, 8191u, 8192u, 30000u})
+        CHECK(MacBinaryCrc(bytes.data(), size) == crcOf(bytes.data(), size));
+    CHECK(MacBinaryCrc("123456789", 9) == 0x31C3);
 }
