@@ -1,6 +1,7 @@
 // Every system call of a conversion fails in turn, once and from then on; every transfer falls short in turn;
 // memory runs out: packing from each volume, and extracting each format to each volume with each answer to
-// the replace question. The error is told, nothing partial stays, the source is as it was.
+// the replace question; and the user cancels at every chance. The error is told, nothing partial stays, the
+// source is as it was.
 #include "support/extraction_case.h"
 #include "ui/progress.h"
 
@@ -88,6 +89,7 @@ struct Run {
     ErrorCode error = 0;
     bool hit = false;
     std::string call, path;
+    int servesAfter = 0;  // the cancel
 };
 
 // One conversion on a PC of its own with the fault, or without one.
@@ -100,7 +102,10 @@ Run runWith(const Case& test, const Plan& plan) {
     pc.journal().clear();
     plan(pc.faults());
     const ErrorCode error = test.conversion.run(progress);
-    const Run run = {error, pc.faults().hit(), pc.faults().hitCall(), pc.faults().hitSubject()};
+    const int servesAfter = scriptedUser.serves - scriptedUser.cancelAtServe;
+    const bool cancelled = scriptedUser.cancelAtServe != 0 && servesAfter >= 0;
+    const Run run = {error, pc.faults().hit() || cancelled, pc.faults().hitCall(), pc.faults().hitSubject(),
+                     servesAfter};
     ProgressDestroy(progress);
     pc.faults().clear();
     CAPTURE(pc.journal().text());
@@ -175,4 +180,15 @@ TEST_CASE("Converting: every transfer falls short in turn") {
 TEST_CASE("Converting: memory runs out") {
     const auto plan = [](pc::FaultPlan& faults, int n) { faults.failMemory(n); };
     sweep(plan, [](const Case&, const Run& run) { CHECK(run.error == ERROR_NOT_ENOUGH_MEMORY); });
+}
+
+TEST_CASE("Converting: a cancel is heard at every chance until the file is whole") {
+    const auto plan = [](pc::FaultPlan&, int n) { scriptedUser.cancelAtServe = n; };
+    sweep(plan, [](const Case& test, const Run& run) {
+        // BinHex looks once, when it has read its file, and nothing after a refusal; each chance is an
+        // advance and a pump.
+        const bool deaf = test.conversion.isBinHex() || test.before == Before::refused;
+        if (run.error == 0) CHECK(run.servesAfter <= (deaf ? 3 : 0));
+        if (run.error != 0) CHECK(run.error == ERROR_CANCELLED);
+    });
 }

@@ -1,5 +1,5 @@
-// What a conversion tells and allows while it runs: amounts, pauses, the shell's notice, a cancel at every
-// chance until the file is whole; and other programs, which may read what is read, and nothing else.
+// What a conversion tells and allows while it runs: amounts, pauses, the shell's notice; and other programs,
+// which may read what is read, and nothing else.
 #include "macfile/finder_info.h"
 #include "support/extraction_case.h"
 
@@ -72,34 +72,6 @@ TEST_CASE("The progress moves by what is done, by all of the file in the end, an
         CHECK(scriptedUser.serves == row.serves);
         for (const pc::JournalEntry& entry : pc.journal().entries())
             if (entry.call == "SHChangeNotify") CHECK(entry.amount == SHCNE_CREATE);
-    }
-}
-
-TEST_CASE("A cancel is heard at every chance until the file is whole") {
-    for (const Conversion& conversion : {kPack, kMacBinary, kMacBinaryToFat, kBinHex}) {
-        for (const bool existed : {false, true}) {
-            if (conversion.packs() && existed) continue;
-            bool whole = false;
-            for (int n = 1; !whole; ++n) {
-                INFO(conversion.output, " ", existed, " ", n);
-                TestPc pc;
-                conversion.writeSource(kFile);
-                if (existed) writeFile(conversion.output, bytesOf("old"));
-                scriptedUser.cancelAtServe = n;
-                const ErrorCode error = conversion.runShown();
-                whole = error == 0;
-                if (whole) {
-                    // BinHex looks once, when it has read its file; each chance is an advance and a pump.
-                    CHECK(scriptedUser.serves - n <= (conversion.isBinHex() ? 3 : 0));
-                    CHECK(exists(conversion.output));
-                } else {
-                    CHECK(error == ERROR_CANCELLED);
-                    CHECK(exists(conversion.output) == (existed && n <= 2));
-                }
-                CHECK(pc.nothingHeld());
-                CHECK(pc.journal().count("SHChangeNotify") == (whole ? 1 : 0));
-            }
-        }
     }
 }
 

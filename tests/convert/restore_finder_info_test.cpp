@@ -94,8 +94,4 @@ TEST_CASE("Finder information that cannot be read stops an extraction before the
         pc.faults().clear();
         CHECK(readMacFile(path) == keptOn(path[0], had));
     }
-    TestPc pc;
-    writeFile("N:\\Test:AFP_AfpInfo", patternOf(59));
-    CHECK(extractBytes(macBinaryFile({kBare}), ".bin", 'N') == ERROR_HANDLE_EOF);
-    CHECK(readFile("N:\\Test:AFP_AfpInfo") == patternOf(59));
 }

@@ -6,29 +6,6 @@
 
 using namespace tidewell;
 
-TEST_CASE("Finder information is read and written back whole") {
-    TestPc pc;
-    const MacFile file = {.data = patternOf(300), .resource = patternOf(77)};
-    FinderInfoRecord record;
-    writeMacFile("M:\\file", file);
-    const ForkPathsOf mac("M:\\file");
-    REQUIRE(ReadFinderInfo(mac, &record));
-    CHECK(record.mac.dataForkLength == 300);
-    CHECK(record.mac.resourceForkLength == 77);
-    REQUIRE(WriteFinderInfo(mac, &record));
-    CHECK(readMacFile("M:\\file") == file);
-
-    // What this system does not know is kept.
-    const Bytes foreign = patternOf(60);
-    writeFile("N:\\file:AFP_AfpInfo", foreign);
-    writeFile("N:\\new", {});
-    const ForkPathsOf ntfs("N:\\file");
-    REQUIRE(ReadFinderInfo(ntfs, &record));
-    REQUIRE(WriteFinderInfo(ForkPathsOf("N:\\new"), &record));
-    CHECK(readFile("N:\\new:AFP_AfpInfo") == foreign);
-    CHECK(pc.nothingHeld());
-}
-
 TEST_CASE("Finder information that cannot be had is told") {
     TestPc pc;
     writeFile("N:\\short:AFP_AfpInfo", patternOf(59));
