@@ -18,33 +18,29 @@ const MacFile kOld = {.data = patternOf(21, 1), .resource = patternOf(12, 2), .f
 
 enum class Before { nothing, agreed, refused };
 
-struct Case {
-    Conversion conversion;
+struct Case : Conversion {
     Before before = Before::nothing;
     Bytes archive = {};
 
-    const std::string& source() const { return conversion.source; }
-    const std::string& output() const { return conversion.output; }
-    bool packs() const { return conversion.packs(); }
     // FAT keeps no Mac file to pack.
-    bool possible() const { return !packs() || source()[0] != 'F'; }
-    MacFile old() const { return keptOn(output()[0], kOld); }
+    bool possible() const { return !packs() || source[0] != 'F'; }
+    MacFile old() const { return keptOn(output[0], kOld); }
 
     void writeFiles() const {
-        if (packs()) return writeMacFile(source(), kFile);
-        writeFile(source(), archive);
-        if (before != Before::nothing) writeMacFile(output(), kOld);
+        if (packs()) return writeMacFile(source, kFile);
+        writeFile(source, archive);
+        if (before != Before::nothing) writeMacFile(output, kOld);
     }
     // What BinHex does not tell is the old file's, but for the place of the icon and the attributes.
     MacFile extracted() const {
         MacFile file = kFile;
-        if (conversion.isBinHex()) {
+        if (isBinHex()) {
             file.flags = before == Before::agreed ? kOld.flags : 0;
             file.window = before == Before::agreed ? kOld.window : 0;
             file.vertical = file.horizontal = 0;
             file.attributes = 0;
         }
-        return keptOn(output()[0], file);
+        return keptOn(output[0], file);
     }
 };
 
@@ -68,18 +64,18 @@ std::vector<Case> cases() {
 // The destination is the new file, the old one, or nothing; never half of anything.
 void checkOutput(TestPc& pc, const Case& test, ErrorCode error) {
     const bool refused = test.before == Before::refused;
-    CHECK(pc.journal().countOn("SHChangeNotify", test.output()) == (error == 0 && !refused ? 1 : 0));
-    if (error == 0 || refused) REQUIRE(exists(test.output()));
+    CHECK(pc.journal().countOn("SHChangeNotify", test.output) == (error == 0 && !refused ? 1 : 0));
+    if (error == 0 || refused) REQUIRE(exists(test.output));
     if (error == 0 && test.packs()) {
-        const MacFile kept = keptOn(test.source()[0], kFile);
-        CHECK(readFile(test.output()) == macBinaryFile({.file = kept, .name = bytesOf("file")}));
+        const MacFile kept = keptOn(test.source[0], kFile);
+        CHECK(readFile(test.output) == macBinaryFile({.file = kept, .name = bytesOf("file")}));
     } else if (error == 0) {
-        CHECK(readMacFile(test.output()) == (refused ? test.old() : test.extracted()));
+        CHECK(readMacFile(test.output) == (refused ? test.old() : test.extracted()));
         CHECK(scriptedUser.line1 == (refused ? "" : "Test"));
-    } else if (exists(test.output())) {
+    } else if (exists(test.output)) {
         // What the user had is there or, once its replacement had begun, gone.
         CHECK(test.before != Before::nothing);
-        CHECK(readMacFile(test.output()) == test.old());
+        CHECK(readMacFile(test.output) == test.old());
     }
 }
 
@@ -96,12 +92,12 @@ struct Run {
 Run runWith(const Case& test, const Plan& plan) {
     TestPc pc;
     test.writeFiles();
-    const MacFile source = readMacFile(test.source());
+    const MacFile source = readMacFile(test.source);
     scriptedUser.answer = test.before == Before::refused ? IDNO : IDYES;
     ProgressDialog* const progress = ProgressCreate(GetModuleHandleA(nullptr), "", nullptr, FALSE);
     pc.journal().clear();
     plan(pc.faults());
-    const ErrorCode error = test.conversion.run(progress);
+    const ErrorCode error = test.run(progress);
     const int servesAfter = scriptedUser.serves - scriptedUser.cancelAtServe;
     const bool cancelled = scriptedUser.cancelAtServe != 0 && servesAfter >= 0;
     const Run run = {error, pc.faults().hit() || cancelled, pc.faults().hitCall(), pc.faults().hitSubject(),
@@ -110,7 +106,7 @@ Run runWith(const Case& test, const Plan& plan) {
     pc.faults().clear();
     CAPTURE(pc.journal().text());
     CHECK(pc.nothingHeld());
-    CHECK(readMacFile(test.source()) == source);
+    CHECK(readMacFile(test.source) == source);
     checkOutput(pc, test, error);
     if (!run.hit) CHECK(error == (test.possible() ? 0 : ERROR_INVALID_PARAMETER));
     return run;
@@ -121,7 +117,7 @@ void sweep(const std::function<void(pc::FaultPlan&, int n)>& plan,
            const std::function<void(const Case&, const Run&)>& check) {
     for (const Case& test : cases()) {
         for (int n = 1;; ++n) {
-            INFO(test.source(), " to ", test.output(), ", ", static_cast<int>(test.before), ": ", n);
+            INFO(test.source, " to ", test.output, ", ", static_cast<int>(test.before), ": ", n);
             const Run run = runWith(test, [&](pc::FaultPlan& faults) { plan(faults, n); });
             if (!run.hit) {
                 if (test.packs() && test.possible()) CHECK(n > 2);
@@ -143,7 +139,7 @@ bool mayFail(const Case& test, const Run& run) {
     if (run.path.ends_with("{4DD19183-ACE2-11CF-BBF2-444553540000}")) return true;
     if (run.path.ends_with(":AFP_Resource")) return true;
     // A file that cannot be looked at before the question may be there, and is asked about.
-    return run.path == test.output() && test.before != Before::nothing;
+    return run.path == test.output && test.before != Before::nothing;
 }
 
 }  // namespace
@@ -154,7 +150,7 @@ TEST_CASE("Converting: every system call fails in turn, once and for good") {
         const bool memory = once.call == "VirtualAlloc" || once.call == "HeapAlloc";
         const ErrorCode wanted = memory ? ERROR_NOT_ENOUGH_MEMORY : ERROR_CRC;
         // Nothing was written yet to a file that is only made.
-        const bool made = once.call == "CloseHandle" && once.path == test.output();
+        const bool made = once.call == "CloseHandle" && once.path == test.output;
         if (once.error != wanted) CHECK((mayFail(test, once) || (made && test.before == Before::nothing)));
         if (memory) return;
         const Run always = runWith(
@@ -187,7 +183,7 @@ TEST_CASE("Converting: a cancel is heard at every chance until the file is whole
     sweep(plan, [](const Case& test, const Run& run) {
         // BinHex looks once, when it has read its file, and nothing after a refusal; each chance is an
         // advance and a pump.
-        const bool deaf = test.conversion.isBinHex() || test.before == Before::refused;
+        const bool deaf = test.isBinHex() || test.before == Before::refused;
         if (run.error == 0) CHECK(run.servesAfter <= (deaf ? 3 : 0));
         if (run.error != 0) CHECK(run.error == ERROR_CANCELLED);
     });

@@ -40,7 +40,7 @@ TEST_CASE("Fields that are 0 in the header keep what the file had") {
         TestPc pc;
         const MacFile had = {.data = patternOf(9), .resource = patternOf(3)};
         writeMacFile(path, had);
-        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", path[0]) == 0);
+        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", path.substr(0, 2)) == 0);
         const MacFile merged = {.data = patternOf(5), .vertical = 0, .horizontal = 0, .attributes = 0};
         CHECK(readMacFile(path) == merged);
     }
@@ -52,7 +52,7 @@ TEST_CASE("Of a record on NTFS everything else is kept, on a disk that forgets s
         pc.drive('N')->volume->setKeepsStreams(keepsStreams);
         const Bytes foreign = patternOf(60);
         writeFile("N:\\Test:AFP_AfpInfo", foreign);
-        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", 'N') == 0);
+        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", "N:") == 0);
         Bytes wanted = without(foreign, 26, 0, 8);
         const Bytes mark = {'A', 'F', 'P', 0, 0, 0, 1, 0};
         std::copy(mark.begin(), mark.end(), wanted.begin());
@@ -90,7 +90,7 @@ TEST_CASE("Finder information that cannot be read stops an extraction before the
         const MacFile had = {.data = patternOf(9), .resource = patternOf(3)};
         writeMacFile(path, had);
         pc.faults().failAlways("ReadFile", ForkPathsOf(path).finderInfoPath, ERROR_CRC);
-        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", path[0]) == ERROR_CRC);
+        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", path.substr(0, 2)) == ERROR_CRC);
         pc.faults().clear();
         CHECK(readMacFile(path) == keptOn(path[0], had));
     }

@@ -45,10 +45,6 @@ ErrorCode extractBytes(const Bytes& source, const char* extension, const std::st
     return error;
 }
 
-ErrorCode extractBytes(const Bytes& source, const char* extension, char drive) {
-    return extractBytes(source, extension, drive + std::string(":"));
-}
-
 Bytes cutTo(const Bytes& whole, size_t size) {
     return Bytes(whole.begin(), whole.begin() + static_cast<int>(size));
 }

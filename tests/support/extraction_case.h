@@ -20,9 +20,8 @@ struct Conversion {
     tidewell::ErrorCode runShown(DWORD flags = 0) const;
 };
 
-// Extracts `source`, written as F:\in.bin or F:\in.hqx, into a folder, or into the root of a drive.
+// Extracts `source`, written as F:\in.bin or F:\in.hqx, into a folder, or into the root of a drive, "F:".
 tidewell::ErrorCode extractBytes(const Bytes& source, const char* extension, const std::string& folder);
-tidewell::ErrorCode extractBytes(const Bytes& source, const char* extension, char drive);
 
 // `whole` as far as its first `size` bytes.
 Bytes cutTo(const Bytes& whole, size_t size);

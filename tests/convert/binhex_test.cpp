@@ -29,8 +29,9 @@ void checkAnswer(const Bytes& file, char drive = 'M') {
     TestPc pc;
     const BinHexAnswer answer = answerToBinHex(file, drive != 'F');
     const std::string name = answer.name.empty() ? "Test" : answer.name.substr(0, 31);
-    const std::string path = std::string(1, drive) + ":\\" + name;
-    CHECK(extractBytes(file, ".hqx", drive) == answer.error);
+    const std::string root = std::string(1, drive) + ":";
+    const std::string path = root + "\\" + name;
+    CHECK(extractBytes(file, ".hqx", root) == answer.error);
     CHECK(exists(path) == (answer.error == 0));
     // What is wrong before the forks is told before any file is made.
     if (!answer.headerWhole) CHECK(pc.journal().countOn("CreateFileA", path) == 0);
@@ -218,7 +219,7 @@ TEST_CASE("Lengths that lie take neither memory nor time") {
             TestPc pc;
             BinHexFile file = inData ? kSmall : large;
             (inData ? file.claimedData : file.claimedResource) = length;
-            CHECK(extractBytes(binHexFile(file), ".hqx", 'M') == ERROR_HANDLE_EOF);
+            CHECK(extractBytes(binHexFile(file), ".hqx", "M:") == ERROR_HANDLE_EOF);
             CHECK(!exists("M:\\Test"));
             const std::string fork = inData ? "" : "\\{4DD19183-ACE2-11CF-BBF2-444553540000}";
             CHECK(pc.journal().countOn("CreateFileA", "M:\\Test" + fork) == 0);
