@@ -40,8 +40,8 @@ function(tidewell_add_fuzzer format)
 endfunction()
 
 tidewell_add_fuzzer(macbinary ${PROJECT_SOURCE_DIR}/fuzz/extraction_fuzzer.cpp)
-target_compile_definitions(fuzz_macbinary PRIVATE TIDEWELL_FUZZ_EXTENSION=".bin")
+target_compile_definitions(fuzz_macbinary PRIVATE TIDEWELL_FUZZ_NAME="in.bin")
 tidewell_add_fuzzer(binhex ${PROJECT_SOURCE_DIR}/fuzz/extraction_fuzzer.cpp
                     ${PROJECT_SOURCE_DIR}/fuzz/binhex_mutator.cpp)
-target_compile_definitions(fuzz_binhex PRIVATE TIDEWELL_FUZZ_EXTENSION=".hqx")
+target_compile_definitions(fuzz_binhex PRIVATE TIDEWELL_FUZZ_NAME="in.hqx")
 tidewell_add_fuzzer(apple_double ${PROJECT_SOURCE_DIR}/fuzz/apple_double_fuzzer.cpp)

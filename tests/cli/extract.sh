@@ -19,7 +19,6 @@ same "kept" "0 old" "$status $(cat out/Eins)"
 run extract --replace=yes -o out one.bin
 same "replaced: size" 300 "$(stat -c %s out/Eins)"
 cp one.bin again.bin
-rm -rf out/*
 run extract --replace=yes -o out one.bin again.bin
 expect "same name" 1 "extracted one.bin -> out/Eins" \
     "tidewell: again.bin: error 32: out/Eins was written a moment ago*"

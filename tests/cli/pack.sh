@@ -7,8 +7,7 @@ for wrong in "" "unpack" "pack" "pack -oout x" "pack --replace=maybe x" "pack -o
     expect "'$wrong'" 2 "" "*usage:*"
 done
 run --help
-same "help: status" 0 "$status"
-[[ $out == usage:*--replace=ask* ]] || fail "help: $out"
+[[ "$status $out" == "0 usage:"*--replace=ask* ]] || fail "help: $out"
 run --version
 [[ $out == "tidewell "[0-9]* ]] || fail "version: $out"
 
@@ -46,17 +45,15 @@ mkfifo pipe
 head -c 20 ._Read.Me >short && mv short ._Read.Me && cp ._Read.Me damaged
 long=$(printf "x%.0s" {1..250})/$(printf "x%.0s" {1..250})
 for bad in "2 missing" "3 missing/file" "5 sub" "206 $long" "5 pipe" "1392 Read.Me"; do
-    run pack --replace=yes -o out "${bad#* }"
-    expect "$bad" 1 "" "tidewell: ${bad#* }: error ${bad%% *}: ?*"
+    run pack --replace=yes -o out "${bad#* }" Notes
+    expect "$bad" 1 "packed Notes -> out/Notes.bin" "tidewell: ${bad#* }: error ${bad%% *}: ?*"
 done
 same_bytes "a damaged AppleDouble file is left alone" ._Read.Me damaged
-[ -z "$(ls -A out)" ] || fail "left behind: $(ls -A out)"
-run pack --replace=yes -o out missing Notes
-expect "the others are done" 1 "packed Notes -> out/Notes.bin" "tidewell: missing: error 2: *"
-run pack -o nowhere Notes
-expect "no folder" 1 "" "tidewell: nowhere: error 2: *"
-run pack -o Notes Notes
-expect "not a folder" 1 "" "tidewell: Notes: error 161: *"
+same "nothing is left behind" Notes.bin "$(ls -A out)"
+for folder in "2 nowhere" "161 Notes"; do
+    run pack -o "${folder#* }" Notes
+    expect "no folder" 1 "" "tidewell: ${folder#* }: error ${folder%% *}: *"
+done
 
 # The output is the source itself, its AppleDouble file, or another source, by its name or by a link.
 mac_file make self.bin 3000 100 TEXT ttxt 0
@@ -102,7 +99,7 @@ half_way() (
     expect "half-way" 1 "" "tidewell: Large: error 223: *"
 )
 half_way
-[ -z "$(ls -A small)" ] || fail "half-way: left behind $(ls -A small)"
+same "half-way: nothing left behind" "" "$(ls -A small)"
 echo old >small/Large.bin
 echo notes >small/._Large.bin
 half_way

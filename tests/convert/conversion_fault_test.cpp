@@ -1,10 +1,8 @@
 // Every system call of a conversion fails in turn, once and from then on; every transfer falls short in turn;
 // memory runs out: packing from each volume, and extracting each format to each volume with each answer to
-// the replace question. The error is told, nothing partial stays, the source is as it was.
-#include "convert/create_macbinary.h"
-#include "convert/extract_original.h"
-#include "support/archive_writer.h"
-#include "support/scripted_user.h"
+// the replace question; and the user cancels at every chance. The error is told, nothing partial stays, the
+// source is as it was.
+#include "support/extraction_case.h"
 #include "ui/progress.h"
 
 #include <doctest/doctest.h>
@@ -20,30 +18,18 @@ const MacFile kOld = {.data = patternOf(21, 1), .resource = patternOf(12, 2), .f
 
 enum class Before { nothing, agreed, refused };
 
-struct Case {
-    std::string source;
-    std::string output;
-    bool packs = false;
+struct Case : Conversion {
     Before before = Before::nothing;
-    bool possible = true;  // FAT keeps no Mac file to pack
-    Bytes contents = kFile.data;
+    Bytes archive = {};
 
-    char drive() const { return output[0]; }
-    bool isBinHex() const { return source.ends_with("hqx"); }
-    MacFile old() const { return keptOn(drive(), kOld); }
+    // FAT keeps no Mac file to pack.
+    bool possible() const { return !packs() || source[0] != 'F'; }
+    MacFile old() const { return keptOn(output[0], kOld); }
 
-    void writeSource() const {
-        if (packs && possible) return writeMacFile(source, kFile);
-        writeFile(source, contents);
-        if (before == Before::nothing) return;
-        if (drive() == 'F') return writeFile(output, kOld.data);
-        writeMacFile(output, kOld);
-    }
-    ErrorCode convert(ProgressDialog* progress) const {
-        if (packs) return CreateMacBinaryFile(nullptr, source.c_str(), output.c_str(), &progress);
-        DWORD flags = 0;
-        return ExtractOriginalMacFile(nullptr, source.c_str(), output.substr(0, 3).c_str(), &flags,
-                                      &progress);
+    void writeFiles() const {
+        if (packs()) return writeMacFile(source, kFile);
+        writeFile(source, archive);
+        if (before != Before::nothing) writeMacFile(output, kOld);
     }
     // What BinHex does not tell is the old file's, but for the place of the icon and the attributes.
     MacFile extracted() const {
@@ -54,55 +40,40 @@ struct Case {
             file.vertical = file.horizontal = 0;
             file.attributes = 0;
         }
-        return keptOn(drive(), file);
+        return keptOn(output[0], file);
     }
 };
 
 std::vector<Case> cases() {
     std::vector<Case> all = {
-        {.source = "M:\\file", .output = "M:\\out.bin", .packs = true},
-        {.source = "M:\\file", .output = "F:\\out.bin", .packs = true},
-        {.source = "N:\\file", .output = "N:\\out.bin", .packs = true},
-        {.source = "F:\\file", .output = "F:\\out.bin", .packs = true, .possible = false},
+        {{"M:\\file", "M:\\out.bin"}},
+        {{"M:\\file", "F:\\out.bin"}},
+        {{"N:\\file", "N:\\out.bin"}},
+        {{"F:\\file", "F:\\out.bin"}},
     };
-    const Bytes macBinary = macBinaryFile({kFile});
-    const Bytes binHex = binHexFile(BinHexFile{kFile});
-    for (const std::string output : {"M:\\Test", "N:\\Test", "F:\\Test"}) {
-        for (const Before before : {Before::nothing, Before::agreed, Before::refused}) {
-            all.push_back(
-                {.source = "F:\\in.bin", .output = output, .before = before, .contents = macBinary});
-            all.push_back({.source = "F:\\in.hqx", .output = output, .before = before, .contents = binHex});
+    for (const std::string source : {"F:\\in.bin", "F:\\in.hqx"}) {
+        for (const std::string output : {"M:\\Test", "N:\\Test", "F:\\Test"}) {
+            const Conversion conversion = {source, output};
+            for (const Before before : {Before::nothing, Before::agreed, Before::refused})
+                all.push_back({conversion, before, conversion.archiveOf(kFile)});
         }
     }
     return all;
 }
 
-void checkSuccess(const Case& test) {
-    REQUIRE(exists(test.output));
-    if (test.packs) {
-        const std::string name = test.source.substr(3);
-        CHECK(readFile(test.output) ==
-              macBinaryFile({.file = keptOn(test.source[0], kFile), .name = bytesOf(name)}));
-        return;
-    }
-    const bool refused = test.before == Before::refused;
-    CHECK(readMacFile(test.output) == (refused ? test.old() : test.extracted()));
-    CHECK(scriptedUser.line1 == (refused ? "" : "Test"));
-}
-
 // The destination is the new file, the old one, or nothing; never half of anything.
-void checkOutcome(TestPc& pc, const Case& test, ErrorCode error) {
+void checkOutput(TestPc& pc, const Case& test, ErrorCode error) {
     const bool refused = test.before == Before::refused;
     CHECK(pc.journal().countOn("SHChangeNotify", test.output) == (error == 0 && !refused ? 1 : 0));
-    if (test.packs && test.possible) {
-        CHECK(readMacFile(test.source) == keptOn(test.source[0], kFile));
-    } else {
-        CHECK(readFile(test.source) == test.contents);
-    }
-    if (error == 0) return checkSuccess(test);
-    // What the user had is there or, once its replacement had begun, gone.
-    if (refused) REQUIRE(exists(test.output));
-    if (exists(test.output)) {
+    if (error == 0 || refused) REQUIRE(exists(test.output));
+    if (error == 0 && test.packs()) {
+        const MacFile kept = keptOn(test.source[0], kFile);
+        CHECK(readFile(test.output) == macBinaryFile({.file = kept, .name = bytesOf("file")}));
+    } else if (error == 0) {
+        CHECK(readMacFile(test.output) == (refused ? test.old() : test.extracted()));
+        CHECK(scriptedUser.line1 == (refused ? "" : "Test"));
+    } else if (exists(test.output)) {
+        // What the user had is there or, once its replacement had begun, gone.
         CHECK(test.before != Before::nothing);
         CHECK(readMacFile(test.output) == test.old());
     }
@@ -114,51 +85,45 @@ struct Run {
     ErrorCode error = 0;
     bool hit = false;
     std::string call, path;
+    int servesAfter = 0;  // the cancel
 };
 
 // One conversion on a PC of its own with the fault, or without one.
 Run runWith(const Case& test, const Plan& plan) {
     TestPc pc;
-    test.writeSource();
+    test.writeFiles();
+    const MacFile source = readMacFile(test.source);
     scriptedUser.answer = test.before == Before::refused ? IDNO : IDYES;
     ProgressDialog* const progress = ProgressCreate(GetModuleHandleA(nullptr), "", nullptr, FALSE);
     pc.journal().clear();
     plan(pc.faults());
-    Run run;
-    run.error = test.convert(progress);
-    run.hit = pc.faults().hit();
-    run.call = pc.faults().hitCall();
-    run.path = pc.faults().hitSubject();
+    const ErrorCode error = test.run(progress);
+    const int servesAfter = scriptedUser.serves - scriptedUser.cancelAtServe;
+    const bool cancelled = scriptedUser.cancelAtServe != 0 && servesAfter >= 0;
+    const Run run = {error, pc.faults().hit() || cancelled, pc.faults().hitCall(), pc.faults().hitSubject(),
+                     servesAfter};
     ProgressDestroy(progress);
-    CAPTURE(test.source);
-    CAPTURE(test.output);
-    CAPTURE(static_cast<int>(test.before));
-    CAPTURE(run.call);
-    CAPTURE(run.path);
+    pc.faults().clear();
     CAPTURE(pc.journal().text());
     CHECK(pc.nothingHeld());
-    pc.faults().clear();
-    checkOutcome(pc, test, run.error);
-    if (!run.hit) CHECK(run.error == (test.possible ? 0 : ERROR_INVALID_PARAMETER));
+    CHECK(readMacFile(test.source) == source);
+    checkOutput(pc, test, error);
+    if (!run.hit) CHECK(error == (test.possible() ? 0 : ERROR_INVALID_PARAMETER));
     return run;
 }
 
-// Runs each conversion with the n-th fault, for n = 1, 2, ... until it is not met; a packing has at least
-// `least` chances for it.
-void sweep(int least, const std::function<void(pc::FaultPlan&, int n)>& plan,
+// Runs each conversion with the n-th fault, for n = 1, 2, ... until it is not met.
+void sweep(const std::function<void(pc::FaultPlan&, int n)>& plan,
            const std::function<void(const Case&, const Run&)>& check) {
     for (const Case& test : cases()) {
         for (int n = 1;; ++n) {
+            INFO(test.source, " to ", test.output, ", ", static_cast<int>(test.before), ": ", n);
             const Run run = runWith(test, [&](pc::FaultPlan& faults) { plan(faults, n); });
             if (!run.hit) {
-                if (test.packs && test.possible) CHECK(n > least);
+                if (test.packs() && test.possible()) CHECK(n > 2);
                 break;
             }
-            CAPTURE(test.source);
-            CAPTURE(test.output);
-            CAPTURE(n);
-            CAPTURE(run.call);
-            CAPTURE(run.path);
+            INFO(run.call, " of ", run.path);
             check(test, run);
         }
     }
@@ -181,7 +146,7 @@ bool mayFail(const Case& test, const Run& run) {
 
 TEST_CASE("Converting: every system call fails in turn, once and for good") {
     const auto plan = [](pc::FaultPlan& faults, int n) { faults.failCall(n, ERROR_CRC); };
-    sweep(20, plan, [](const Case& test, const Run& once) {
+    sweep(plan, [](const Case& test, const Run& once) {
         const bool memory = once.call == "VirtualAlloc" || once.call == "HeapAlloc";
         const ErrorCode wanted = memory ? ERROR_NOT_ENOUGH_MEMORY : ERROR_CRC;
         // Nothing was written yet to a file that is only made.
@@ -196,7 +161,7 @@ TEST_CASE("Converting: every system call fails in turn, once and for good") {
 
 TEST_CASE("Converting: every transfer falls short in turn") {
     const auto plan = [](pc::FaultPlan& faults, int n) { faults.shortTransfer(n); };
-    sweep(10, plan, [](const Case& test, const Run& run) {
+    sweep(plan, [](const Case& test, const Run& run) {
         // The driver refuses half of its record.
         const bool half =
             run.call == "WriteFile" && run.path == "M:\\Test\\{4DD19184-ACE2-11CF-BBF2-444553540000}";
@@ -204,11 +169,22 @@ TEST_CASE("Converting: every transfer falls short in turn") {
                                  : half                 ? ERROR_INVALID_PARAMETER
                                                         : ERROR_HANDLE_DISK_FULL;
         CHECK(run.error == wanted);
-        CHECK(test.possible);
+        CHECK(test.possible());
     });
 }
 
 TEST_CASE("Converting: memory runs out") {
     const auto plan = [](pc::FaultPlan& faults, int n) { faults.failMemory(n); };
-    sweep(2, plan, [](const Case&, const Run& run) { CHECK(run.error == ERROR_NOT_ENOUGH_MEMORY); });
+    sweep(plan, [](const Case&, const Run& run) { CHECK(run.error == ERROR_NOT_ENOUGH_MEMORY); });
+}
+
+TEST_CASE("Converting: a cancel is heard at every chance until the file is whole") {
+    const auto plan = [](pc::FaultPlan&, int n) { scriptedUser.cancelAtServe = n; };
+    sweep(plan, [](const Case& test, const Run& run) {
+        // BinHex looks once, when it has read its file, and nothing after a refusal; each chance is an
+        // advance and a pump.
+        const bool deaf = test.isBinHex() || test.before == Before::refused;
+        if (run.error == 0) CHECK(run.servesAfter <= (deaf ? 3 : 0));
+        if (run.error != 0) CHECK(run.error == ERROR_CANCELLED);
+    });
 }

@@ -1,56 +1,26 @@
-// What a conversion tells while it runs: amounts, pauses, and the shell's notice; and that a cancel is heard
-// at every chance until the file is whole.
-#include "convert/create_macbinary.h"
-#include "convert/extract_original.h"
-#include "support/archive_writer.h"
-#include "support/scripted_user.h"
-#include "ui/progress.h"
+// What a conversion tells and allows while it runs: amounts, pauses, the shell's notice; and other programs,
+// which may read what is read, and nothing else.
+#include "macfile/finder_info.h"
+#include "support/extraction_case.h"
 
 #include <doctest/doctest.h>
 
 #include <shlobj.h>
 
 #include <algorithm>
+#include <map>
 
 using namespace tidewell;
 
 namespace {
 
 const MacFile kFile = {.data = patternOf(150000), .resource = patternOf(70001, 5)};
+const MacFile kSmall = {.data = patternOf(100), .resource = patternOf(200)};
 
-struct Conversion {
-    const char* source;
-    const char* output;
-    bool packs;
-
-    void writeSource() const {
-        if (packs) return writeMacFile(source, kFile);
-        const bool binHex = std::string(source).ends_with("hqx");
-        writeFile(source, binHex ? binHexFile(BinHexFile{kFile}) : macBinaryFile({kFile}));
-    }
-    ErrorCode run() const {
-        ProgressDialog* progress = ProgressCreate(GetModuleHandleA(nullptr), "", nullptr, FALSE);
-        const uint64_t before = 1000;  // what a batch has done of other files
-        const uint64_t total = 1000000;
-        ProgressSetTotal(progress, &total);
-        ProgressSetDone(progress, &before);
-        scriptedUser.serves = 0;
-        scriptedUser.done.clear();
-        DWORD flags = kMoreFollow;
-        const std::string folder = std::string(output).substr(0, 3);
-        const ErrorCode error =
-            packs ? CreateMacBinaryFile(nullptr, source, output, &progress)
-                  : ExtractOriginalMacFile(nullptr, source, folder.c_str(), &flags, &progress);
-        CHECK(progress->pauses == 0);
-        ProgressDestroy(progress);
-        return error;
-    }
-};
-
-constexpr Conversion kPack = {"M:\\file", "F:\\out.bin", true};
-constexpr Conversion kMacBinary = {"F:\\in.bin", "M:\\Test", false};
-constexpr Conversion kMacBinaryToFat = {"F:\\in.bin", "F:\\Test", false};
-constexpr Conversion kBinHex = {"F:\\in.hqx", "N:\\Test", false};
+const Conversion kPack = {"M:\\file", "F:\\out.bin"};
+const Conversion kMacBinary = {"F:\\in.bin", "M:\\Test"};
+const Conversion kMacBinaryToFat = {"F:\\in.bin", "F:\\Test"};
+const Conversion kBinHex = {"F:\\in.hqx", "N:\\Test"};
 
 // The amounts that were shown, each once.
 std::string amounts() {
@@ -62,57 +32,46 @@ std::string amounts() {
     return text;
 }
 
+OwnedFile openBeside(const char* path, DWORD access) {
+    return OwnedFile(
+        CreateFileA(path, access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
+}
+
+// What a program gets that lets others do what they like: "r", "w", "rw" or "".
+std::string openable(const std::string& path) {
+    std::string got;
+    for (const auto& [letter, access] : std::map<char, DWORD>{{'r', GENERIC_READ}, {'w', GENERIC_WRITE}}) {
+        const OwnedFile file = openBeside(path.c_str(), access);
+        if (file) got += letter;
+        if (!file) CHECK(GetLastError() == ERROR_SHARING_VIOLATION);
+    }
+    return got;
+}
+
 }  // namespace
 
-TEST_CASE("The progress moves by what is done, and by all of the file in the end") {
+TEST_CASE("The progress moves by what is done, by all of the file in the end, and the shell is told") {
     const struct {
         Conversion conversion;
+        int serves;
         std::string amounts;
     } rows[] = {
-        {kPack, "65536 131072 150000 215536 220001"},
+        {kPack, 10, "65536 131072 150000 215536 220001"},
         // Padding of 16 and 15 bytes follows the forks.
-        {kMacBinary, "128 65664 131200 150128 150144 215680 220145 220160"},
+        {kMacBinary, 17, "128 65664 131200 150128 150144 215680 220145 220160"},
         // A fork that is not kept counts at the end.
-        {kMacBinaryToFat, "128 65664 131200 150128 150144 150159 220160"},
-        {kBinHex, "149587 299174"},
+        {kMacBinaryToFat, 13, "128 65664 131200 150128 150144 150159 220160"},
+        {kBinHex, 5, "149587 299174"},
     };
     for (const auto& row : rows) {
         TestPc pc;
-        row.conversion.writeSource();
-        CAPTURE(std::string(row.conversion.output));
-        CHECK(row.conversion.run() == 0);
+        row.conversion.writeSource(kFile);
+        CAPTURE(row.conversion.output);
+        CHECK(row.conversion.runShown() == 0);
         CHECK(amounts() == row.amounts);
-    }
-}
-
-TEST_CASE("A cancel is heard at every chance until the file is whole") {
-    for (const Conversion& conversion : {kPack, kMacBinary, kMacBinaryToFat, kBinHex}) {
-        for (const bool existed : {false, true}) {
-            if (conversion.packs && existed) continue;
-            CAPTURE(std::string(conversion.output));
-            CAPTURE(existed);
-            bool whole = false;
-            for (int n = 1; !whole; ++n) {
-                CAPTURE(n);
-                TestPc pc;
-                conversion.writeSource();
-                if (existed) writeFile(conversion.output, bytesOf("old"));
-                scriptedUser.cancelAtServe = n;
-                const ErrorCode error = conversion.run();
-                // BinHex looks once, when it has read its file; each chance is an advance and a pump.
-                const bool heard = std::string(conversion.source) != kBinHex.source;
-                whole = error == 0;
-                if (whole) {
-                    CHECK(scriptedUser.serves - n <= (heard ? 0 : 3));
-                    CHECK(exists(conversion.output));
-                } else {
-                    CHECK(error == ERROR_CANCELLED);
-                    CHECK(exists(conversion.output) == (existed && n <= 2));
-                }
-                CHECK(pc.nothingHeld());
-                CHECK(pc.journal().count("SHChangeNotify") == (whole ? 1 : 0));
-            }
-        }
+        CHECK(scriptedUser.serves == row.serves);
+        for (const pc::JournalEntry& entry : pc.journal().entries())
+            if (entry.call == "SHChangeNotify") CHECK(entry.amount == SHCNE_CREATE);
     }
 }
 
@@ -120,11 +79,10 @@ TEST_CASE("The clock stands still during the question") {
     for (const Conversion& conversion : {kMacBinary, kBinHex}) {
         for (const int answer : {IDYES, IDNO, IDCANCEL}) {
             TestPc pc;
-            conversion.writeSource();
+            conversion.writeSource(kFile);
             writeFile(conversion.output, bytesOf("old"));
             scriptedUser.answer = answer;
-            CHECK(conversion.run() == (answer == IDCANCEL ? ERROR_CANCELLED : 0));
-            CHECK(scriptedUser.asked == 1);
+            CHECK(conversion.runShown() == (answer == IDCANCEL ? ERROR_CANCELLED : 0));
             CHECK(scriptedUser.pausesAtQuestion == 1);
             CHECK(scriptedUser.shows == 1);
         }
@@ -133,10 +91,10 @@ TEST_CASE("The clock stands still during the question") {
 
 TEST_CASE("A caller within the program learns what was written, and nothing of what was kept") {
     TestPc pc;
-    kMacBinary.writeSource();
+    kMacBinary.writeSource(kFile);
     DWORD flags = 0;
     char written[kPathCapacity] = "nothing";
-    const Extraction extraction = {nullptr, kMacBinary.source, "M:\\", &flags, nullptr, written};
+    const Extraction extraction = {nullptr, kMacBinary.source.c_str(), "M:\\", &flags, nullptr, written};
     CHECK(ExtractOriginal(extraction) == 0);
     CHECK(std::string(written) == kMacBinary.output);
     scriptedUser.answer = IDNO;
@@ -145,13 +103,60 @@ TEST_CASE("A caller within the program learns what was written, and nothing of w
     CHECK(written[0] == '\0');
 }
 
-TEST_CASE("The shell is told that a file was created, by its path") {
-    for (const Conversion& conversion : {kPack, kMacBinary, kMacBinaryToFat, kBinHex}) {
+TEST_CASE("While a file is packed its forks can be read, and the output not be touched") {
+    TestPc pc;
+    const Conversion pack = {"N:\\file", "F:\\out.bin"};
+    pack.writeSource(kSmall);
+    writeFile(pack.output, bytesOf("old"));
+    int looks = 0;
+    scriptedUser.onServe = [&] {
+        if (++looks == 1) return;  // nothing is open yet
+        CHECK(openable("N:\\file") == "r");
+        CHECK(openable("N:\\file:AFP_Resource") == "r");
+        CHECK(openable("F:\\out.bin").empty());
+    };
+    CHECK(pack.runShown() == 0);
+    CHECK(looks == 5);
+}
+
+TEST_CASE("While a file is extracted its source can be read, and the fork in work not be touched") {
+    for (const std::string source : {"F:\\in.bin", "F:\\in.hqx"}) {
         TestPc pc;
-        conversion.writeSource();
-        CHECK(conversion.run() == 0);
-        CHECK(pc.journal().countOn("SHChangeNotify", conversion.output) == 1);
-        for (const pc::JournalEntry& entry : pc.journal().entries())
-            if (entry.call == "SHChangeNotify") CHECK(entry.amount == SHCNE_CREATE);
+        const Conversion conversion = {source, "N:\\Test"};
+        conversion.writeSource(kSmall);
+        std::string forks;
+        scriptedUser.onServe = [&] {
+            if (!pc.openFiles().empty()) CHECK(openable(source) == "r");
+            if (exists("N:\\Test") && openable("N:\\Test").empty()) forks += "d";
+            if (exists("N:\\Test:AFP_Resource") && openable("N:\\Test:AFP_Resource").empty()) forks += "r";
+        };
+        CHECK(conversion.runShown() == 0);
+        // An advance and a pump for the one block of each fork of a MacBinary file, a pump for one of BinHex.
+        CHECK(forks == (conversion.isBinHex() ? "dr" : "ddrr"));
     }
+}
+
+TEST_CASE("Finder information is read and written beside readers, and not beside writers") {
+    for (const char* path : {"N:\\file", "M:\\file"}) {
+        TestPc pc;
+        writeMacFile(path, kSmall);
+        const ForkPathsOf paths(path);
+        FinderInfoRecord record;
+        REQUIRE(ReadFinderInfo(paths, &record));
+        for (const DWORD access : {DWORD{GENERIC_READ}, DWORD{GENERIC_WRITE}}) {
+            const OwnedFile other = openBeside(paths.finderInfoPath, access);
+            REQUIRE(other);
+            const BOOL wanted = access == GENERIC_READ;
+            CHECK(WriteFinderInfo(paths, &record) == wanted);
+            CHECK(ReadFinderInfo(paths, &record) == wanted);
+            if (!wanted) CHECK(GetLastError() == ERROR_SHARING_VIOLATION);
+        }
+    }
+}
+
+TEST_CASE("The size of a file that somebody writes to can be told") {
+    TestPc pc;
+    writeFile("F:\\file", patternOf(77));
+    const OwnedFile other(CreateFileA("F:\\file", GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    CHECK(GetFileSizeByPath("F:\\file") == 77);
 }

@@ -1,11 +1,7 @@
 // Files of more than 4 GB, most of them holes: only a real host keeps bytes behind one.
 #include "convert/binhex_text.h"
-#include "convert/extract_original.h"
-#include "support/archive_writer.h"
 #include "support/extraction_case.h"
-#include "support/scripted_user.h"
 #include "support/temp_folder_native.h"
-#include "ui/progress.h"
 
 #include <doctest/doctest.h>
 
@@ -18,24 +14,21 @@ using namespace tidewell;
 namespace {
 
 constexpr uint64_t k4Gigabytes = 0x100000000u;
+const Conversion kExtract = {"L:\\in.bin", "M:\\Test"};
 
 struct LargePc : TestPc {
     TempFolder large;
     LargePc() { addDrive('L', pc::makeFatVolume(large.host(), large.path())); }
 
     // The bytes at `start` of a file of `size` bytes.
-    void write(const std::string& name, uint64_t start, const std::string& bytes, uint64_t size) const {
+    void write(const std::string& name, uint64_t start, const auto& bytes, uint64_t size) const {
         const std::string path = large.path(name);
         std::ofstream(path, std::ios::binary | std::ios::app).close();
         std::filesystem::resize_file(path, start);
-        std::ofstream(path, std::ios::binary | std::ios::app) << bytes;
+        std::ofstream(path, std::ios::binary | std::ios::app) << std::string(bytes.begin(), bytes.end());
         std::filesystem::resize_file(path, size);
     }
 };
-
-std::string textOf(const Bytes& bytes) {
-    return std::string(bytes.begin(), bytes.end());
-}
 
 }  // namespace
 
@@ -61,12 +54,9 @@ TEST_CASE_FIXTURE(LargePc, "A text beyond 4 GB, and one that has changed since i
 
 TEST_CASE_FIXTURE(LargePc, "A MacBinary file counts with all of its bytes") {
     const MacFile file = {.data = patternOf(300), .resource = patternOf(20)};
-    write("in.bin", 0, textOf(macBinaryFile({file})), k4Gigabytes + 1);
-    ProgressDialog* progress = ProgressCreate(GetModuleHandleA(nullptr), "", nullptr, FALSE);
-    DWORD flags = 0;
-    CHECK(ExtractOriginalMacFile(nullptr, "L:\\in.bin", "M:\\", &flags, &progress) == 0);
-    CHECK(progress->done == k4Gigabytes + 1);
-    ProgressDestroy(progress);
+    write("in.bin", 0, macBinaryFile({file}), k4Gigabytes + 1);
+    CHECK(kExtract.runShown() == 0);
+    CHECK(scriptedUser.done.back() == 1000 + k4Gigabytes + 1);
     CHECK(readMacFile("M:\\Test") == file);
 }
 
@@ -75,11 +65,10 @@ TEST_CASE_FIXTURE(LargePc, "A file is as long as forks of 4 GB need, or it is to
     Bytes header = cutTo(macBinaryFile({file}), 128);
     storeBig(header, 83, 4, 0xFFFFFFFF);
     setMacBinaryCrc(header);
-    write("in.bin", 0, textOf(header), k4Gigabytes + 128 + 128);
+    write("in.bin", 0, header, k4Gigabytes + 128 + 128);
     drive('M')->volume->setFreeSpace(100000);
-    DWORD flags = 0;
-    CHECK(ExtractOriginalMacFile(nullptr, "L:\\in.bin", "M:\\", &flags, nullptr) == ERROR_DISK_FULL);
-    write("in.bin", 0, textOf(header), k4Gigabytes + 128 + 127);
-    CHECK(ExtractOriginalMacFile(nullptr, "L:\\in.bin", "M:\\", &flags, nullptr) == ERROR_HANDLE_EOF);
+    CHECK(kExtract.run() == ERROR_DISK_FULL);
+    write("in.bin", 0, header, k4Gigabytes + 128 + 127);
+    CHECK(kExtract.run() == ERROR_HANDLE_EOF);
     CHECK(!exists("M:\\Test"));
 }

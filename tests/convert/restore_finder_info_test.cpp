@@ -1,9 +1,7 @@
 // What a replaced file keeps of its Finder information.
 #include "convert/restore_finder_info.h"
 
-#include "support/archive_writer.h"
 #include "support/extraction_case.h"
-#include "support/scripted_user.h"
 
 #include <doctest/doctest.h>
 
@@ -36,32 +34,25 @@ Bytes without(const Bytes& record, size_t position, size_t attributes, size_t at
 
 }  // namespace
 
-TEST_CASE("Fields that are 0 in the header keep what the file had, on a disk that forgets it, too") {
-    struct {
-        const char* path;
-        bool keepsStreams;
-    } const rows[] = {{"M:\\Test", false}, {"N:\\Test", false}, {"N:\\Test", true}};
-    for (const auto& row : rows) {
-        const std::string path = row.path;
+TEST_CASE("Fields that are 0 in the header keep what the file had") {
+    for (const std::string path : {"M:\\Test", "N:\\Test"}) {
         CAPTURE(path);
         TestPc pc;
-        pc.drive('N')->volume->setKeepsStreams(row.keepsStreams);
         const MacFile had = {.data = patternOf(9), .resource = patternOf(3)};
         writeMacFile(path, had);
-        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", path[0]) == 0);
+        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", path.substr(0, 2)) == 0);
         const MacFile merged = {.data = patternOf(5), .vertical = 0, .horizontal = 0, .attributes = 0};
         CHECK(readMacFile(path) == merged);
-        CHECK(scriptedUser.asked == 1);
     }
 }
 
-TEST_CASE("Of a record on NTFS everything else is kept") {
+TEST_CASE("Of a record on NTFS everything else is kept, on a disk that forgets streams, too") {
     for (const bool keepsStreams : {false, true}) {
         TestPc pc;
         pc.drive('N')->volume->setKeepsStreams(keepsStreams);
         const Bytes foreign = patternOf(60);
         writeFile("N:\\Test:AFP_AfpInfo", foreign);
-        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", 'N') == 0);
+        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", "N:") == 0);
         Bytes wanted = without(foreign, 26, 0, 8);
         const Bytes mark = {'A', 'F', 'P', 0, 0, 0, 1, 0};
         std::copy(mark.begin(), mark.end(), wanted.begin());
@@ -99,12 +90,8 @@ TEST_CASE("Finder information that cannot be read stops an extraction before the
         const MacFile had = {.data = patternOf(9), .resource = patternOf(3)};
         writeMacFile(path, had);
         pc.faults().failAlways("ReadFile", ForkPathsOf(path).finderInfoPath, ERROR_CRC);
-        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", path[0]) == ERROR_CRC);
+        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", path.substr(0, 2)) == ERROR_CRC);
         pc.faults().clear();
         CHECK(readMacFile(path) == keptOn(path[0], had));
     }
-    TestPc pc;
-    writeFile("N:\\Test:AFP_AfpInfo", patternOf(59));
-    CHECK(extractBytes(macBinaryFile({kBare}), ".bin", 'N') == ERROR_HANDLE_EOF);
-    CHECK(readFile("N:\\Test:AFP_AfpInfo") == patternOf(59));
 }

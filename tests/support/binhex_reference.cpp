@@ -73,30 +73,28 @@ namespace {
 // The sections of a stream, one after the other.
 class Sections {
   public:
-    explicit Sections(Bytes decoded) : decoded_(std::move(decoded)) {}
+    explicit Sections(const Bytes& decoded) : all_(expandedBinHex(decoded, SIZE_MAX, atEnd_)) {}
 
-    // The next `size` bytes behind those of the section that were read already.
     uint32_t read(size_t size, Bytes& out) {
-        uint32_t error = 0;
-        const Bytes all = expandedBinHex(decoded_, at_ + size, error);
-        if (error != 0) return error;
-        out.assign(all.begin() + static_cast<std::ptrdiff_t>(at_), all.end());
-        section_.insert(section_.end(), out.begin(), out.end());
+        if (size > all_.size() - at_) return atEnd_;
+        const auto from = all_.begin() + static_cast<std::ptrdiff_t>(at_);
+        out.assign(from, from + static_cast<std::ptrdiff_t>(size));
         at_ += size;
         return 0;
     }
+    // The CRC of what was read since the last section's end.
     uint32_t end() {
-        const uint16_t crc = crcOf(section_.data(), section_.size());
+        const uint16_t crc = crcOf(all_.data() + start_, at_ - start_);
         Bytes stored;
-        const uint32_t error = read(2, stored);
-        section_.clear();
-        if (error != 0) return error;
+        if (const uint32_t error = read(2, stored)) return error;
+        start_ = at_;
         return loadBig(stored.data(), 0, 2) == crc ? 0 : ERROR_CRC;
     }
 
   private:
-    Bytes decoded_;
-    Bytes section_;
+    uint32_t atEnd_ = 0;
+    Bytes all_;
+    size_t start_ = 0;
     size_t at_ = 0;
 };
 

@@ -82,7 +82,7 @@ void writeFile(const std::string& path, const Bytes& bytes) {
 void writeMacFile(const std::string& path, const MacFile& file) {
     writeFile(path, file.data);
     const ForkPathsOf paths(path);
-    need(paths.finderInfoLength != 0, path);
+    if (paths.finderInfoLength == 0) return;
     if (file.hasResource) writeFile(paths.resourcePath, file.resource);
 
     tidewell::FinderInfoRecord record;

@@ -60,7 +60,7 @@ struct MacFile {
     bool operator==(const MacFile&) const = default;
 };
 
-// On a volume of kind Mac or NTFS.
+// What the volume keeps of it.
 void writeMacFile(const std::string& path, const MacFile& file);
 // What the volume keeps of the file; 0 and nothing for what it does not.
 MacFile readMacFile(const std::string& path);

@@ -1,0 +1,247 @@
+// Conversions by whatever paths a program gives them, and of files with whatever names: what is reached, and
+// what must not be.
+#include "convert/create_macbinary.h"
+#include "support/extraction_case.h"
+
+#include <doctest/doctest.h>
+
+using namespace tidewell;
+
+namespace {
+
+const MacFile kFile = {.data = patternOf(3000), .resource = patternOf(200, 7)};
+
+using Names = std::vector<std::string>;
+
+// The current folder is N:\t, where in.bin and the Mac file "file" are.
+struct PathsPc : TestPc {
+    PathsPc() {
+        folder().makeFolder("N/t/sub");
+        folder().makeFolder("N/t/x.y");
+        setCurrentFolder("N:\\t");
+        writeFile("N:\\t\\in.bin", macBinaryFile({kFile}));
+        writeMacFile("N:\\t\\file", kFile);
+    }
+};
+
+ErrorCode pack(const char* source, const char* output) {
+    return CreateMacBinaryFile(nullptr, source, output, nullptr);
+}
+
+ErrorCode extract(const char* source, const char* folder) {
+    DWORD flags = 0;
+    return ExtractOriginalMacFile(nullptr, source, folder, &flags, nullptr);
+}
+
+Bytes withName(const char* extension, const std::string& name) {
+    if (std::string(extension) == ".bin") return macBinaryFile({.file = kFile, .name = bytesOf(name)});
+    return binHexFile(BinHexFile{.file = kFile, .name = bytesOf(name)});
+}
+
+}  // namespace
+
+TEST_CASE("Forks and Finder information arrive by every kind of path") {
+    const struct {
+        const char* source;
+        const char* folder;
+        const char* file;  // that is written
+    } rows[] = {
+        {"in.bin", ".", "N:\\t\\Test"},
+        {"N:in.bin", "sub", "N:\\t\\sub\\Test"},
+        {"\\t\\in.bin", "\\t\\x.y", "N:\\t\\x.y\\Test"},
+        {"sub\\..\\in.bin", "N:", "N:\\t\\Test"},
+        {"\\\\?\\N:\\t\\in.bin", "\\\\?\\N:\\t\\sub", "N:\\t\\sub\\Test"},
+        {"n:/t/in.bin", "n:/t//sub/", "N:\\t\\sub\\Test"},
+        {"in.bin", "M:", "M:\\Test"},
+    };
+    for (const auto& row : rows) {
+        CAPTURE(row.folder);
+        const PathsPc pc;
+        CHECK(extract(row.source, row.folder) == 0);
+        CHECK(readMacFile(row.file) == keptOn(row.file[0], kFile));
+    }
+    for (const std::string source : {"file", "\\t\\file", "N:file", "\\\\?\\N:\\t\\file", "sub\\..\\file"}) {
+        const PathsPc pc;
+        CHECK_MESSAGE(pack(source.c_str(), (source + ".bin").c_str()) == 0, source);
+        CHECK(exists("N:\\t\\file.bin"));
+    }
+}
+
+TEST_CASE("What cannot be converted, and where nothing can be put") {
+    PathsPc pc;
+    writeMacFile("M:\\file", {.data = patternOf(200000), .resource = patternOf(200000)});
+    writeFile("M:\\one.BIN", macBinaryFile({kFile}));
+    writeFile("F:\\file", patternOf(10));
+    writeFile("N:\\plain", patternOf(10));
+    pc.folder().makeFolder("M/folder");
+    pc.drive('F')->volume->setFreeSpace(300000);
+    const std::string name(300, 'a');
+    const std::string out = "F:\\out.bin";
+    const struct {
+        decltype(pack)* convert;
+        std::string source, output;
+        ErrorCode error;
+    } rows[] = {
+        {pack, "F:\\file", out, ERROR_INVALID_PARAMETER},
+        {pack, "M:\\missing", out, ERROR_INVALID_PARAMETER},
+        {pack, "X:\\missing", out, ERROR_INVALID_PARAMETER},
+        {pack, "\\\\server\\share\\file", out, ERROR_INVALID_PARAMETER},
+        {pack, "M:\\" + name, out, ERROR_INVALID_PARAMETER},
+        {pack, "M:\\folder", out, ERROR_ACCESS_DENIED},
+        {pack, "M:\\file", "F:\\no folder\\out.bin", ERROR_PATH_NOT_FOUND},
+        {pack, "M:\\file", "F:\\" + name, ERROR_FILENAME_EXCED_RANGE},
+        {pack, "M:\\file", out, ERROR_DISK_FULL},
+        {pack, "N:\\plain", out, 0},  // it has no Finder information
+        {extract, "M:\\one.BIN", "F:\\file", ERROR_BAD_PATHNAME},
+        {extract, "M:\\one.BIN", "F:\\no", ERROR_FILE_NOT_FOUND},
+        {extract, "M:\\one.BIN", "N:\\" + name + name, ERROR_FILENAME_EXCED_RANGE},
+        {extract, "M:\\one.BIN", "\\\\?\\N:\\" + name + name, ERROR_FILENAME_EXCED_RANGE},
+        {extract, "F:\\no.bin", "F:\\", ERROR_FILE_NOT_FOUND},
+        {extract, "F:\\no.Hqx", "F:\\", ERROR_FILE_NOT_FOUND},
+        {extract, "M:\\one.bin.txt", "F:\\", ERROR_INVALID_DATA},
+        {extract, "M:\\one", "F:\\", ERROR_INVALID_DATA},
+    };
+    for (const auto& row : rows) {
+        CAPTURE(row.source);
+        CHECK(row.convert(row.source.c_str(), row.output.c_str()) == row.error);
+        CHECK(pc.folder().names("F") == Names{"file"});
+    }
+    CHECK(extract("M:\\one.BIN", "F:\\") == 0);
+    for (const auto convert : {pack, extract}) {
+        CHECK(convert(nullptr, "F:\\") == ERROR_INVALID_PARAMETER);
+        CHECK(convert("M:\\one.BIN", nullptr) == ERROR_INVALID_PARAMETER);
+    }
+    CHECK(ExtractOriginalMacFile(nullptr, "M:\\one.BIN", "F:\\", nullptr, nullptr) ==
+          ERROR_INVALID_PARAMETER);
+    CHECK(pc.nothingHeld());
+}
+
+TEST_CASE("Devices, and paths that would become others, are refused as outputs") {
+    PathsPc pc;
+    writeFile("N:\\t\\a", bytesOf("another file"));
+    pc.journal().clear();
+    for (const char* path : {"\\\\.\\N:\\t\\a", "//./N:/t/a", "\\\\.\\PhysicalDrive0", "NUL",
+                             "N:\\t\\aux.bin", "\\\\?\\N:\\t\\a.", "\\\\?\\N:/t/a", "\\\\?\\N:\\t\\.\\a",
+                             "\\\\?\\a", "\\\\?\\N:\\t\\NUL", "\\\\?\\Volume{0}\\t"}) {
+        CAPTURE(path);
+        CHECK(pack("file", path) == ERROR_INVALID_NAME);
+        CHECK(extract("in.bin", path) == ERROR_INVALID_NAME);
+    }
+    CHECK(pc.journal().count("CreateFileA") == 0);
+    CHECK(readFile("N:\\t\\a") == bytesOf("another file"));
+}
+
+TEST_CASE("A path too long for a fork is told as one too long for the file, before anything is done") {
+    for (const std::string drive : {"N", "M"}) {
+        // The longest path of all is that of a fork.
+        const size_t forkPart =
+            drive == "N" ? sizeof ":AFP_Resource" : sizeof "\\{4DD19183-ACE2-11CF-BBF2-444553540000}";
+        std::string folder = drive + ":";
+        std::string hostFolder = drive;
+        for (int i = 0; i < 22; ++i) {  // names that are their own short names
+            folder += "\\deepdeep";
+            hostFolder += "/deepdeep";
+        }
+        for (const bool longer : {false, true}) {
+            TestPc pc;
+            pc.folder().makeFolder(hostFolder);
+            const std::string name(MAX_PATH - folder.size() - 1 - forkPart + longer, 'n');
+            const std::string path = folder + "\\" + name;
+            const ErrorCode wanted = longer ? ERROR_FILENAME_EXCED_RANGE : 0;
+            CHECK(extractBytes(withName(".bin", name), ".bin", folder) == wanted);
+            CHECK(exists(path) != longer);
+            writeFile(path, bytesOf("old"));
+            CHECK(extractBytes(withName(".bin", name), ".bin", folder) == wanted);
+            CHECK(scriptedUser.asked == !longer);
+            CHECK(readMacFile(path).data == (longer ? bytesOf("old") : kFile.data));
+            CHECK(pc.nothingHeld());
+        }
+    }
+}
+
+TEST_CASE("A source never becomes its own output") {
+    TestPc pc;
+    const std::string mac = "M:\\file.bin";
+    const std::string ntfs = "N:\\A long name.bin";
+    writeMacFile(mac, kFile);
+    writeMacFile(ntfs, kFile);
+    pc.folder().link("M/file.bin", "M/link");
+    const struct {
+        std::string source, output;
+        ErrorCode error;
+    } rows[] = {
+        {mac, "M:\\link", ERROR_SHARING_VIOLATION},
+        {ntfs, "N:\\a LONG name.BIN", ERROR_SHARING_VIOLATION},
+        {ntfs, ntfs + ":AFP_AfpInfo", ERROR_INVALID_NAME},
+        {ntfs, ntfs + ":AFP_Resource", ERROR_INVALID_NAME},
+        {mac, mac + "\\{4DD19184-ACE2-11CF-BBF2-444553540000}", ERROR_INVALID_NAME},
+        {mac, "M:\\._file.bin", ERROR_ACCESS_DENIED},
+    };
+    for (const auto& row : rows)
+        CHECK_MESSAGE(pack(row.source.c_str(), row.output.c_str()) == row.error, row.output);
+    CHECK(readMacFile(mac) == kFile);
+    CHECK(readMacFile(ntfs) == keptOn('N', kFile));
+    CHECK(pc.nothingHeld());
+}
+
+TEST_CASE("A file that holds one of its own name stays what it is") {
+    for (const std::string folder : {"F:\\", "N:\\", "M:\\"}) {
+        for (const std::string name : {"in.bin", "in.hqx"}) {
+            for (const bool damaged : {false, true}) {
+                TestPc pc;
+                const std::string path = folder + name;
+                const Bytes whole = withName(name.c_str() + 2, name);
+                const Bytes source = damaged ? cutTo(whole, whole.size() - 30) : whole;
+                writeFile(path, source);
+                const ErrorCode error = Conversion{path, path}.run(nullptr, kReplaceAll);
+                CHECK(error == (damaged ? ERROR_HANDLE_EOF : ERROR_SHARING_VIOLATION));
+                CHECK(readFile(path) == source);
+            }
+        }
+    }
+}
+
+TEST_CASE("Names that Windows takes for something else") {
+    const struct {
+        const char* macName;
+        const char* file;  // that is made of it
+    } names[] = {
+        {"NUL", "NUL_"},
+        {"lpt1.bin", "lpt1_.bin"},
+        {"AUX .txt", "AUX_ .txt"},
+        {"conin$", "conin$_"},
+        {"lpt\xB2", "lpt\xB2_"},
+        {"LPT\xB9", "LPT\xB9_"},
+        {"COM0", "COM0"},
+        {"COM10", "COM10"},
+        {"COMX", "COMX"},
+        {"Read Me . ", "Read Me"},
+        {"..", "__"},
+        {"\x01z\x1F\x7F", "_z_\x7F"},
+        {" ", "_"},
+        {"{4DD19184-ace2-11CF-BBF2-444553540000}", "_4DD19184-ace2-11CF-BBF2-444553540000}"},
+        {"{4DD19183-ACE2-11CF-BBF2-444553540000}. ", "_4DD19183-ACE2-11CF-BBF2-444553540000}"},
+        {"Resum\x8E. ", "Resum\x8E"},
+    };
+    TestPc pc;
+    for (const auto& name : names) {
+        for (const std::string folder : {"F:\\", "N:\\"}) {
+            CAPTURE(name.macName);
+            CHECK(extractBytes(withName(".bin", name.macName), ".bin", folder.substr(0, 2)) == 0);
+            CHECK(readFile(folder + name.file) == kFile.data);
+        }
+    }
+    // Half a character takes nothing of what follows the name.
+    pc.setCodePage(932);
+    CHECK(extractBytes(withName(".bin", "Resum\x8E. "), ".bin", "N:") == 0);
+    CHECK(readMacFile("N:\\Resum_").resource == kFile.resource);
+}
+
+TEST_CASE("A name that begins with NUL is none, and nobody is asked") {
+    for (const char* const extension : {".bin", ".hqx"}) {
+        TestPc pc;
+        const Bytes source = withName(extension, std::string("\0name", 5));
+        CHECK(extractBytes(source, extension, "M:") == ERROR_INVALID_DATA);
+        CHECK(pc.journal().count("DeviceIoControl") == 0);
+    }
+}
