@@ -39,11 +39,10 @@ ErrorCode readRun(BinHexStream& stream, uint8_t*& out) {
     const uint8_t count = *stream.text.next++;
     if (count == 0) {
         stream.last = kRunMarker;
-        stream.anyProduced = true;
         *out++ = kRunMarker;
         return 0;
     }
-    if (!stream.anyProduced) return ERROR_INVALID_DATA;
+    if (stream.last < 0) return ERROR_INVALID_DATA;
     stream.runLeft = count - 1u;
     return 0;
 }
@@ -86,7 +85,6 @@ void copyLiterals(BinHexStream& stream, uint8_t*& out, size_t wanted) {
     if (length == 0) return;
     text.next += length;
     stream.last = text.next[-1];
-    stream.anyProduced = true;
     out += length;
 }
 

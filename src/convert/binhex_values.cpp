@@ -83,7 +83,7 @@ TIDEWELL_VECTOR_FUNCTION unsigned strangers(__m256i characters) {
 // Takes a vector at a time, or the characters before the first that is none; what is stored behind them is
 // stored over. Where the next vector begins hangs on how many were taken, and the processor would wait for
 // that; but in lines of 64, which nearly every encoder makes, the blank is the first of a vector, and it need
-// not count.
+// not count. Returns where it stopped: a character that is none, or less than a vector before the end.
 TIDEWELL_VECTOR_FUNCTION const uint8_t* takeByVector(const uint8_t* next, const uint8_t* end, uint8_t*& out) {
     uint8_t* to = out;
     while (end - next >= kVector) {
@@ -127,7 +127,10 @@ TIDEWELL_VECTOR_FUNCTION const uint8_t* packByVector(const uint8_t* values, cons
 
 const uint8_t* TakeBinHexValues(const uint8_t* next, const uint8_t* end, uint8_t*& out) {
 #if TIDEWELL_VECTORS
-    if (HasVectorInstructions()) next = takeByVector(next, end, out);
+    if (HasVectorInstructions()) {
+        next = takeByVector(next, end, out);
+        if (end - next >= kVector) return next;
+    }
 #endif
     return takeEach(next, end, out);
 }
