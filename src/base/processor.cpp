@@ -2,8 +2,6 @@
 
 #if TIDEWELL_VECTORS
 
-#include <cpuid.h>
-
 #include <atomic>
 
 namespace tidewell {
@@ -16,10 +14,9 @@ enum class Vectors { Unknown, Missing, Present };
 std::atomic<Vectors> known = Vectors::Unknown;
 
 Vectors ask() {
-    unsigned eax = 0, ebx = 0, ecx = 0, edx = 0;
-    constexpr unsigned kWanted = bit_SSSE3 | bit_PCLMUL;
-    const bool told = __get_cpuid(1, &eax, &ebx, &ecx, &edx) != 0;
-    return told && (ecx & kWanted) == kWanted ? Vectors::Present : Vectors::Missing;
+    __builtin_cpu_init();
+    return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("pclmul") ? Vectors::Present
+                                                                              : Vectors::Missing;
 }
 
 }  // namespace

@@ -9,13 +9,13 @@
 
 namespace tidewell {
 
-// Whether there are byte shuffles and products without carries.
+// Whether there are vectors of 32 bytes, whose registers the system keeps, and products without carries.
 bool HasVectorInstructions();
 
 }  // namespace tidewell
 
 // Marks the functions that may run only where there are.
-#define TIDEWELL_VECTOR_FUNCTION [[gnu::target("ssse3,pclmul")]]
+#define TIDEWELL_VECTOR_FUNCTION [[gnu::target("avx2,pclmul")]]
 
 #endif
 

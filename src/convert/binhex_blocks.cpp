@@ -13,4 +13,8 @@ ErrorCode ReadBinHexBlock(BinHexBlocks& blocks) {
     return length == 0 ? 0 : ReadWhole(blocks.file, blocks.memory, length);
 }
 
+const uint8_t* EndOfBinHexPiece(const uint8_t* next, const uint8_t* end) {
+    return static_cast<size_t>(end - next) < kBinHexPiece ? end : next + kBinHexPiece;
+}
+
 }  // namespace tidewell

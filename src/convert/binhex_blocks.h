@@ -14,12 +14,15 @@ namespace tidewell {
 // Small enough for the processor to have a block at hand from its reading to its writing.
 constexpr DWORD kBinHexBlock = 128 * 1024;
 
+// As many characters of a block as are decoded at a time, for which the nearest memory is large enough.
+constexpr size_t kBinHexPiece = size_t{16} * 1024;
+
 // All the memory that an extraction takes, whatever the sizes of the file and its forks.
 struct BinHexMemory {
     static constexpr size_t kPage = 4096;
 
     uint8_t text[kPage + kBinHexBlock];    // what is left over of the block before may stand before a block
-    uint8_t values[kBinHexBlock + kPage];  // of the text's characters
+    uint8_t values[kBinHexPiece + kPage];  // of the text's characters
     uint8_t fork[kBinHexBlock];
 
     uint8_t* block() { return text + kPage; }
@@ -41,6 +44,9 @@ struct BinHexBlocks {
 // Reads the next block, the last of which may be shorter. At the end of the file, `next` is `end`. The
 // system's error, or ERROR_HANDLE_EOF when the file is shorter than it was.
 ErrorCode ReadBinHexBlock(BinHexBlocks& blocks);
+
+// Where the piece that begins at `next` ends: at the block's end at the latest.
+const uint8_t* EndOfBinHexPiece(const uint8_t* next, const uint8_t* end);
 
 }  // namespace tidewell
 

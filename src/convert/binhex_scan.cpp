@@ -54,23 +54,25 @@ const uint8_t* skipToMarkersEnd(Scan& scan, const uint8_t* next, const uint8_t* 
 const uint8_t* skipToText(Scan& scan, const uint8_t* next, const uint8_t* end, BinHexExtent& extent) {
     while (next != end && kBinHexMeanings.of[*next] == kBinHexBlank)
         ++next;
-    if (next == end) return end;
-    if (*next == ':') {
-        scan.place = Place::InText;
-        return next + 1;
+    if (next != end) {
+        const bool begins = *next++ == ':';
+        scan.place = begins ? Place::InText : Place::BehindText;
+        extent.error = begins ? 0 : ERROR_INVALID_DATA;
     }
-    extent.error = ERROR_INVALID_DATA;
-    scan.place = Place::BehindText;
-    return end;
+    return next;
 }
 
 void passText(Scan& scan, const uint8_t* next, const uint8_t* end, BinHexExtent& extent) {
-    uint8_t* out = scan.memory.values;
-    next = TakeBinHexValues(next, end, out);
-    scan.characters += static_cast<uint64_t>(out - scan.memory.values);
-    if (next == end) return;
-    extent.error = *next == ':' ? 0 : ERROR_INVALID_DATA;
-    scan.place = Place::BehindText;
+    while (next != end) {
+        const uint8_t* const piece = EndOfBinHexPiece(next, end);
+        uint8_t* out = scan.memory.values;
+        next = TakeBinHexValues(next, piece, out);
+        scan.characters += static_cast<uint64_t>(out - scan.memory.values);
+        if (next == piece) continue;
+        extent.error = *next == ':' ? 0 : ERROR_INVALID_DATA;
+        scan.place = Place::BehindText;
+        return;
+    }
 }
 
 void scanBlock(Scan& scan, const BinHexBlocks& block, BinHexExtent& extent) {

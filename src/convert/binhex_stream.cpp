@@ -1,8 +1,14 @@
 #include "convert/binhex_stream.h"
 
+#include "base/processor.h"
 #include "convert/macbinary_crc.h"
 
+#include <bit>
 #include <cstring>
+
+#if TIDEWELL_VECTORS
+#include <immintrin.h>
+#endif
 
 namespace tidewell {
 
@@ -33,27 +39,52 @@ ErrorCode readRun(BinHexStream& stream, uint8_t*& out) {
     const uint8_t count = *stream.text.next++;
     if (count == 0) {
         stream.last = kRunMarker;
-        stream.anyProduced = true;
         *out++ = kRunMarker;
         return 0;
     }
-    if (!stream.anyProduced) return ERROR_INVALID_DATA;
+    if (stream.last < 0) return ERROR_INVALID_DATA;
     stream.runLeft = count - 1u;
     return 0;
+}
+
+#if TIDEWELL_VECTORS
+
+// Copies whole vectors while `most` bytes have them, and what is behind the marker in the last, which will be
+// written over. Returns how many bytes before the marker were copied.
+TIDEWELL_VECTOR_FUNCTION size_t copyByVector(const uint8_t* from, uint8_t* to, size_t most) {
+    constexpr size_t kVector = 32;
+    size_t copied = 0;
+    for (; most - copied >= kVector; copied += kVector) {
+        const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from + copied));
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(to + copied), bytes);
+        const __m256i markers = _mm256_cmpeq_epi8(bytes, _mm256_set1_epi8(static_cast<char>(kRunMarker)));
+        const auto found = static_cast<unsigned>(_mm256_movemask_epi8(markers));
+        if (found != 0) return copied + static_cast<unsigned>(std::countr_zero(found));
+    }
+    return copied;
+}
+
+#endif
+
+// Copies up to `most` bytes, those before the first marker. Returns how many.
+size_t copyBeforeMarker(const uint8_t* from, uint8_t* to, size_t most) {
+    size_t copied = 0;
+#if TIDEWELL_VECTORS
+    if (HasVectorInstructions()) copied = copyByVector(from, to, most);
+#endif
+    for (; copied != most && from[copied] != kRunMarker; ++copied)
+        to[copied] = from[copied];
+    return copied;
 }
 
 // Copies the bytes before the next marker, as many as are decoded and wanted.
 void copyLiterals(BinHexStream& stream, uint8_t*& out, size_t wanted) {
     BinHexText& text = stream.text;
     const size_t most = smaller(wanted, static_cast<size_t>(text.end - text.next));
-    const void* const marker = std::memchr(text.next, kRunMarker, most);
-    const size_t length =
-        marker != nullptr ? static_cast<size_t>(static_cast<const uint8_t*>(marker) - text.next) : most;
+    const size_t length = copyBeforeMarker(text.next, out, most);
     if (length == 0) return;
-    std::memcpy(out, text.next, length);
     text.next += length;
     stream.last = text.next[-1];
-    stream.anyProduced = true;
     out += length;
 }
 

@@ -9,8 +9,7 @@ namespace tidewell {
 // A place in the decoded bytes. A run that a section's end cuts goes on in the next section.
 struct BinHexStream {
     BinHexText text;
-    uint8_t last = 0;  // the byte produced last
-    bool anyProduced = false;
+    int last = -1;         // the byte produced last
     uint32_t runLeft = 0;  // copies of `last` still to come
 };
 

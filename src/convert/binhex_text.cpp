@@ -25,16 +25,19 @@ void decodeGroups(BinHexText& text, size_t count) {
     text.undecoded -= produced < text.undecoded ? produced : text.undecoded;
 }
 
-ErrorCode decodeBlock(BinHexText& text) {
+ErrorCode decodePiece(BinHexText& text) {
     BinHexBlocks& blocks = text.blocks;
-    const ErrorCode error = ReadBinHexBlock(blocks);
-    if (error != 0) return error;
-    if (blocks.next == blocks.end) return ERROR_HANDLE_EOF;
+    if (blocks.next == blocks.end) {
+        const ErrorCode error = ReadBinHexBlock(blocks);
+        if (error != 0) return error;
+        if (blocks.next == blocks.end) return ERROR_HANDLE_EOF;
+    }
+    const uint8_t* const end = EndOfBinHexPiece(blocks.next, blocks.end);
     std::memmove(text.values, text.begun, text.begunCount);
     uint8_t* out = text.values + text.begunCount;
-    const uint8_t* const stop = TakeBinHexValues(blocks.next, blocks.end, out);
-    if (stop != blocks.end && *stop != ':') return ERROR_INVALID_DATA;
-    text.ended = stop != blocks.end;
+    blocks.next = TakeBinHexValues(blocks.next, end, out);
+    text.ended = blocks.next != end;
+    if (text.ended && *blocks.next != ':') return ERROR_INVALID_DATA;
     decodeGroups(text, static_cast<size_t>(out - text.values));
     return 0;
 }
@@ -57,7 +60,7 @@ ErrorCode OpenBinHexText(HANDLE file, uint64_t size, const BinHexExtent& extent,
 
 ErrorCode DecodeBinHexText(BinHexText& text) {
     while (text.next == text.end && !text.ended) {
-        if (const ErrorCode error = decodeBlock(text)) return error;
+        if (const ErrorCode error = decodePiece(text)) return error;
     }
     return 0;
 }

@@ -35,14 +35,14 @@ void packEach(const uint8_t* values, const uint8_t* end, uint8_t* out) {
 
 #if TIDEWELL_VECTORS
 
-constexpr ptrdiff_t kVector = 16;  // characters, or values
+constexpr ptrdiff_t kVector = 32;  // characters, or values
 static_assert(kBinHexOverrun >= kVector);
 
 // The alphabet by eighths of the 128 characters of ASCII, each of which has its values in a row: which of its
 // characters there are, a bit for each, and what makes their codes their values.
 struct Eighths {
-    alignas(kVector) uint8_t present[16];
-    alignas(kVector) uint8_t offset[16];
+    alignas(16) uint8_t present[16];
+    alignas(16) uint8_t offset[16];
 
     constexpr Eighths() : present(), offset() {
         for (unsigned c = 0; c < 128; ++c) {
@@ -56,31 +56,39 @@ struct Eighths {
 
 constexpr Eighths kEighths;
 
-TIDEWELL_VECTOR_FUNCTION __m128i eighth(const uint8_t* table, __m128i characters) {
-    const __m128i index = _mm_and_si128(_mm_srli_epi16(characters, 3), _mm_set1_epi8(0x0F));
-    return _mm_shuffle_epi8(_mm_load_si128(reinterpret_cast<const __m128i*>(table)), index);
+TIDEWELL_VECTOR_FUNCTION __m256i load(const uint8_t* from) {
+    return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from));
+}
+
+TIDEWELL_VECTOR_FUNCTION void store(uint8_t* to, __m256i bytes) {
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(to), bytes);
+}
+
+TIDEWELL_VECTOR_FUNCTION __m256i eighth(const uint8_t* table, __m256i characters) {
+    const __m128i one = _mm_load_si128(reinterpret_cast<const __m128i*>(table));
+    const __m256i index = _mm256_and_si256(_mm256_srli_epi16(characters, 3), _mm256_set1_epi8(0x0F));
+    return _mm256_shuffle_epi8(_mm256_broadcastsi128_si256(one), index);
 }
 
 // A bit for each character that is none of the alphabet.
-TIDEWELL_VECTOR_FUNCTION unsigned strangers(__m128i characters) {
-    const __m128i bits = _mm_set1_epi64x(static_cast<long long>(0x8040201008040201));
+TIDEWELL_VECTOR_FUNCTION unsigned strangers(__m256i characters) {
+    const __m256i bits = _mm256_set1_epi64x(static_cast<long long>(0x8040201008040201));
     // A shuffle gives 0 for an index from 128 on.
-    const __m128i index = _mm_and_si128(characters, _mm_set1_epi8(static_cast<char>(0x87)));
-    const __m128i present =
-        _mm_and_si128(eighth(kEighths.present, characters), _mm_shuffle_epi8(bits, index));
-    return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(present, _mm_setzero_si128())));
+    const __m256i index = _mm256_and_si256(characters, _mm256_set1_epi8(static_cast<char>(0x87)));
+    const __m256i present =
+        _mm256_and_si256(eighth(kEighths.present, characters), _mm256_shuffle_epi8(bits, index));
+    return static_cast<unsigned>(_mm256_movemask_epi8(_mm256_cmpeq_epi8(present, _mm256_setzero_si256())));
 }
 
-// Takes sixteen characters at a time, or those before the first that is none; what is stored behind them is
-// stored over. Where sixteen more begin hangs on how many were taken, and the processor would wait for that;
-// but in lines of 64, which nearly every encoder makes, the blank is the first of sixteen, and it need not
-// count.
+// Takes a vector at a time, or the characters before the first that is none; what is stored behind them is
+// stored over. Where the next vector begins hangs on how many were taken, and the processor would wait for
+// that; but in lines of 64, which nearly every encoder makes, the blank is the first of a vector, and it need
+// not count. Returns where it stopped: a character that is none, or less than a vector before the end.
 TIDEWELL_VECTOR_FUNCTION const uint8_t* takeByVector(const uint8_t* next, const uint8_t* end, uint8_t*& out) {
     uint8_t* to = out;
     while (end - next >= kVector) {
-        const __m128i characters = _mm_loadu_si128(reinterpret_cast<const __m128i*>(next));
-        const __m128i values = _mm_add_epi8(characters, eighth(kEighths.offset, characters));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(to), values);
+        const __m256i characters = load(next);
+        store(to, _mm256_add_epi8(characters, eighth(kEighths.offset, characters)));
         const unsigned strange = strangers(characters);
         if (strange == 0) {
             next += kVector;
@@ -99,16 +107,16 @@ TIDEWELL_VECTOR_FUNCTION const uint8_t* takeByVector(const uint8_t* next, const 
     return next;
 }
 
-// Of the sixteen bytes that are stored for sixteen values, four are in the place of values already packed.
+// A vector is stored for the values of one: its last quarter is in the place of values already packed.
 TIDEWELL_VECTOR_FUNCTION const uint8_t* packByVector(const uint8_t* values, const uint8_t* end,
                                                      uint8_t*& out) {
+    const __m256i order =
+        _mm256_broadcastsi128_si256(_mm_set_epi8(-1, -1, -1, -1, 12, 13, 14, 8, 9, 10, 4, 5, 6, 0, 1, 2));
+    const __m256i together = _mm256_set_epi32(7, 7, 6, 5, 4, 2, 1, 0);
     for (; end - values >= kVector; values += kVector, out += kVector / 4 * 3) {
-        const __m128i four = _mm_loadu_si128(reinterpret_cast<const __m128i*>(values));
-        const __m128i pairs = _mm_maddubs_epi16(four, _mm_set1_epi16(0x0140));
-        const __m128i groups = _mm_madd_epi16(pairs, _mm_set1_epi32(0x00011000));
-        const __m128i bytes =
-            _mm_shuffle_epi8(groups, _mm_set_epi8(-1, -1, -1, -1, 12, 13, 14, 8, 9, 10, 4, 5, 6, 0, 1, 2));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out), bytes);
+        const __m256i pairs = _mm256_maddubs_epi16(load(values), _mm256_set1_epi16(0x0140));
+        const __m256i groups = _mm256_madd_epi16(pairs, _mm256_set1_epi32(0x00011000));
+        store(out, _mm256_permutevar8x32_epi32(_mm256_shuffle_epi8(groups, order), together));
     }
     return values;
 }
@@ -119,7 +127,10 @@ TIDEWELL_VECTOR_FUNCTION const uint8_t* packByVector(const uint8_t* values, cons
 
 const uint8_t* TakeBinHexValues(const uint8_t* next, const uint8_t* end, uint8_t*& out) {
 #if TIDEWELL_VECTORS
-    if (HasVectorInstructions()) next = takeByVector(next, end, out);
+    if (HasVectorInstructions()) {
+        next = takeByVector(next, end, out);
+        if (end - next >= kVector) return next;
+    }
 #endif
     return takeEach(next, end, out);
 }

@@ -8,7 +8,7 @@
 namespace tidewell {
 
 // How many bytes behind those that they give the two functions may write to.
-constexpr size_t kBinHexOverrun = 16;
+constexpr size_t kBinHexOverrun = 32;
 
 // Stores the value of each character from `next` on, 0 to 63, at `out`, which goes ahead; blanks are passed
 // over. Returns where it stopped: `end`, or a character that is neither. `out` lies outside the text.

@@ -228,6 +228,21 @@ TEST_CASE("Lengths that lie take neither memory nor time") {
     }
 }
 
+TEST_CASE("A fork is begun only when what is left of the text could give it") {
+    for (size_t left = 3; left < 9; ++left) {
+        // A pair of bytes gives 255 at most, and so may a last one.
+        const auto most = static_cast<uint32_t>((left + 1) / 2 * 255);
+        for (const uint32_t length : {most, most + 1}) {
+            const Bytes header = cutTo(binHexSections({.claimedData = length}), kHeaderSize);
+            const Bytes runs = joined(binHexRuns(header), patternOf(left));
+            if (runs.size() % 3 != 0) continue;
+            TestPc pc;
+            CHECK(extractBytes(fileOfRuns(runs), ".hqx", "M:") == ERROR_HANDLE_EOF);
+            CHECK((pc.journal().countOn("CreateFileA", "M:\\Test") != 0) == (length == most));
+        }
+    }
+}
+
 TEST_CASE("Names of every length") {
     for (const size_t length : {0u, 1u, 31u, 32u, 63u, 64u, 255u})
         checkAnswer(binHexFile({kForks, Bytes(length, 'n')}));
