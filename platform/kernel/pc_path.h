@@ -26,8 +26,8 @@ bool isRelative(std::string_view path);
 
 // The path with its drive, one '\' between components, without "." and ".." and without the periods and
 // blanks that Windows drops; "\\.\NUL" for such a name, wherever it is. Devices and literal paths stay as
-// they are, paths of other machines but for their separators. Texts are UTF-8. 3: it needs a current folder,
-// which the PC lacks; 123: empty.
+// they are, paths of other machines but for their separators. Texts are UTF-8. ERROR_PATH_NOT_FOUND: it needs
+// a current folder, which the PC lacks; ERROR_INVALID_NAME: empty.
 pc::Error fullPathOf(const pc::Pc& pc, std::string_view path, std::string& full);
 
 struct PcPath {
@@ -40,11 +40,12 @@ struct PcPath {
 // Empty for a null text.
 std::u16string unitsOf(LPCWSTR text);
 
-// 2: a device that the PC lacks; 3: no such drive, or a path of no drive; 21: no medium; 123: text that is
-// none of the code page, or a literal path where there are none; 206: too long.
+// ERROR_FILE_NOT_FOUND: a device that the PC lacks; ERROR_PATH_NOT_FOUND: no such drive, or a path of no
+// drive; ERROR_NOT_READY: no medium; ERROR_INVALID_NAME: text that is none of the code page, or a literal
+// path where there are none; ERROR_FILENAME_EXCED_RANGE: too long.
 pc::Error findPath(LPCSTR path, PcPath& found);
 pc::Error findPath(LPCWSTR path, PcPath& found);
-// The same without devices: 2 for each.
+// The same without devices: ERROR_FILE_NOT_FOUND for each.
 pc::Error findFile(LPCSTR path, PcPath& found);
 
 }  // namespace kernel

@@ -22,7 +22,7 @@ struct OpenMode {
 };
 
 // One opened stream of bytes. Positions are the caller's; every transfer names its offset. What an opening
-// does not have gives 1.
+// does not have gives ERROR_INVALID_FUNCTION.
 class File {
   public:
     virtual ~File() = default;
@@ -34,7 +34,7 @@ class File {
     }
 
     // Writes `count` bytes, extending the file; a gap before `offset` reads as zeros.
-    // 112 when the volume is full.
+    // ERROR_DISK_FULL when the volume is full.
     virtual Error write(uint64_t /*offset*/, const void* /*buffer*/, size_t /*count*/) {
         return kInvalidFunction;
     }

@@ -87,7 +87,7 @@ class Pc {
     std::map<uintptr_t, OpenFile>& openFiles() { return openFiles_; }
     uintptr_t newHandle();
     static bool isHandle(uintptr_t handle);
-    // 32 when an open file forbids `mode` on `identity`, or `mode` forbids what is open.
+    // ERROR_SHARING_VIOLATION when an open file forbids `mode` on `identity`, or `mode` forbids what is open.
     Error checkSharing(const std::string& identity, const OpenMode& mode) const;
     // The handle is gone whatever is told.
     Error close(uintptr_t handle);

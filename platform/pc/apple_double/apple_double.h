@@ -40,10 +40,10 @@ class AppleDouble {
     // go, so there is no time at which they are half written.
     Error edit(const std::vector<AppleDoubleEdit>& edits, const std::string& owner);
 
-    // 5 when the host does not allow writing.
+    // ERROR_ACCESS_DENIED when the host does not allow writing.
     Error openForWriting();
 
-    // The entry exists, and openForWriting succeeded. 223 behind 4 GB - 1.
+    // The entry exists, and openForWriting succeeded. ERROR_FILE_TOO_LARGE behind 4 GB - 1.
     Error writeResource(uint64_t offset, const void* buffer, size_t count);
     Error resizeResource(uint64_t bytes);
     Error flush();

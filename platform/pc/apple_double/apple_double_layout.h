@@ -87,7 +87,7 @@ struct AppleDoubleLayout {
 
 // Whatever the edits and the plan do not name stays as it is, bytes of no entry too, and does not move unless
 // a longer header needs its place: other programs find macOS' extended attributes only where they were.
-// The resource fork stays last where it was. 223: an entry would begin behind 4 GB.
+// The resource fork stays last where it was. ERROR_FILE_TOO_LARGE: an entry would begin behind 4 GB.
 Error planAppleDouble(const AppleDoubleSource& source, const std::vector<AppleDoubleEdit>& edits,
                       const ResourcePlan& resource, AppleDoubleLayout& layout);
 

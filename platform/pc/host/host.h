@@ -32,7 +32,7 @@ struct HostItem {
 struct HostAccess {
     bool read = false;
     bool write = false;
-    bool create = false;  // 80 when it exists
+    bool create = false;  // ERROR_FILE_EXISTS when it exists
 };
 
 // How much all the files of a volume may yet grow.
@@ -69,7 +69,8 @@ class HostFile : public File {
 // bytes, or behind.
 enum class PowerCut { keepsNames, losesNames };
 
-// Win32 codes for all errors. Links are followed. 2: no such file; 3: no such folder.
+// Win32 codes for all errors. Links are followed. ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND
+// (the folder).
 class Host {
   public:
     virtual ~Host() = default;
@@ -81,11 +82,11 @@ class Host {
     virtual Error remove(const std::string& path) = 0;
     // Moves a file over another in one step. Neither is open.
     virtual Error replace(const std::string& from, const std::string& to) = 0;
-    // As replace, but 80 when there is anything at `to`, a link included.
+    // As replace, but ERROR_FILE_EXISTS when there is anything at `to`, a link included.
     virtual Error move(const std::string& from, const std::string& to) = 0;
     // Free of links; `path` itself when the host cannot tell.
     virtual std::string absolute(const std::string& path) = 0;
-    // Only regular files: 5 for everything else, and what is no file is never opened.
+    // Only regular files: ERROR_ACCESS_DENIED for everything else, and what is no file is never opened.
     virtual Error open(const std::string& path, const HostAccess& access, std::shared_ptr<SpaceLimit> space,
                        std::unique_ptr<HostFile>& file) = 0;
     // A number that no other program on the host has at this time.

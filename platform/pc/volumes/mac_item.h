@@ -25,10 +25,10 @@ std::vector<AppleDoubleEdit> newAppleDoubleEntries(const MacItem& item);
 // The entry exists.
 std::unique_ptr<File> makeResourceForkFile(std::shared_ptr<AppleDouble> store);
 
-// A FinderRecord as it is now; what cannot be counted counts 0. Takes whole records only: 87 for a write of
-// anything else. Every write is kept at once; without a change nothing is written, but the AppleDouble file
-// exists afterwards. The attribute byte gets no entry of its own in a file that holds macOS' extended
-// attributes: they would have to move, and macOS would not find them.
+// A FinderRecord as it is now; what cannot be counted counts 0. Takes whole records only:
+// ERROR_INVALID_PARAMETER for a write of anything else. Every write is kept at once; without a change nothing
+// is written, but the AppleDouble file exists afterwards. The attribute byte gets no entry of its own in a
+// file that holds macOS' extended attributes: they would have to move, and macOS would not find them.
 std::unique_ptr<File> makeFinderInfoFile(Host& host, MacItem item, std::shared_ptr<AppleDouble> store,
                                          FinderFlush flush);
 

@@ -15,13 +15,13 @@ class MacDirectory {
 
     // The item with that Mac name in the folder, or the one that a file of that name would take the place of:
     // two Mac names may stand for one host name. Mac information whose file is gone is an item, too.
-    // `windowsName` receives its name on Windows. 2: there is none, and `windowsName` is what `create` would
-    // give; 3: no such folder.
+    // `windowsName` receives its name on Windows. ERROR_FILE_NOT_FOUND: there is none, and `windowsName` is
+    // what `create` would give; ERROR_PATH_NOT_FOUND: no such folder.
     virtual Error find(const std::string& folder, const MacName& name, std::string& windowsName) = 0;
 
     // Makes an empty file unless `find` finds one, which stays as it is. A Mac name in Mac Roman that its
-    // host name does not tell is kept beside it. 5: what is there is no file. After an error there is no new
-    // file.
+    // host name does not tell is kept beside it. ERROR_ACCESS_DENIED: what is there is no file. After an
+    // error there is no new file.
     virtual Error create(const std::string& folder, const MacName& name, std::string& windowsName) = 0;
 };
 
@@ -36,9 +36,10 @@ class Volume {
 
     // Opens or creates as mode.disposition says, except that nothing is truncated yet: the PC first checks
     // sharing, then calls `truncate`. A file that this call creates exists afterwards with no bytes.
-    // 2: no such file; 3: no such folder; 5: a folder, a file the host refuses, or one that is no regular
-    // file; 80: CREATE_NEW and it exists; 112: full; 123: a name no volume of this kind can hold;
-    // 1392: what is kept of the file's Mac information is damaged.
+    // ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND (the folder). ERROR_ACCESS_DENIED: a folder, a file the host
+    // refuses, or one that is no regular file. ERROR_FILE_EXISTS: CREATE_NEW and it exists. ERROR_DISK_FULL.
+    // ERROR_INVALID_NAME: a name no volume of this kind can hold. ERROR_FILE_CORRUPT: what is kept of the
+    // file's Mac information is damaged.
     virtual Error open(const std::string& path, const OpenMode& mode, Opened& opened) = 0;
 
     // Empties a file that `open` has opened and not created, when the disposition says so.

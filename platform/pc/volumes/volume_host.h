@@ -12,8 +12,8 @@ namespace pc {
 bool mayCreate(uint32_t disposition);
 bool truncates(uint32_t disposition);
 
-// Gives a file of which nothing but its size can be asked: it holds nothing of the host open. 5 for what is
-// neither file nor folder.
+// Gives a file of which nothing but its size can be asked: it holds nothing of the host open.
+// ERROR_ACCESS_DENIED for what is neither file nor folder.
 Error answerQuery(const HostStatus& status, Opened& opened);
 
 // Copies share the host and the space.
@@ -33,7 +33,7 @@ class VolumeHost {
     }
     // As Volume has them, of a path of the host.
     Error open(const std::string& path, const OpenMode& mode, Opened& opened) const;
-    // 5 for a folder or a file marked read-only.
+    // ERROR_ACCESS_DENIED for a folder or a file marked read-only.
     Error remove(const std::string& path) const;
     // Removes a file that must not stay behind; nothing of that name, or what is no file, is no error.
     Error discard(const std::string& path) const;

@@ -18,7 +18,7 @@ struct VolumePath {
 enum class StreamNames { none, allowed };
 
 // "/" separates as "\" does, as in Windows; "." and ".." are resolved and never lead out of the root.
-// 123 for a character that Windows reserves, or a ":" that begins no stream.
+// ERROR_INVALID_NAME for a character that Windows reserves, or a ":" that begins no stream.
 Error parseVolumePath(const std::string& path, StreamNames streams, VolumePath& parsed);
 
 }  // namespace pc
