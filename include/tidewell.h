@@ -3,9 +3,10 @@
  * that is built beside the DLL (libtidewell.a), or loads the DLL and finds the functions under their names;
  * for that there is a type of each function, TidewellNAME.
  *
- * Paths are in the system's ANSI code page, full or relative to the program's current folder. Results named
- * ERROR_... are Windows error codes, 0 for success; besides those told here a function returns the system's
- * own error. What a function asks and shows, it does on the thread that calls it.
+ * Paths are in the system's ANSI code page, full or relative to the program's current folder, and have up to
+ * 519 bytes when they are full; ERROR_FILENAME_EXCED_RANGE (206) for longer ones. Results named ERROR_... are
+ * Windows error codes, 0 for success; besides those told here a function returns the system's own error.
+ * What a function asks and shows, it does on the thread that calls it.
  */
 #ifndef TIDEWELL_H
 #define TIDEWELL_H

@@ -6,7 +6,7 @@
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
     if (reason == DLL_PROCESS_ATTACH) {
         DisableThreadLibraryCalls(instance);
-        tidewell::InitializeModuleState(instance, tidewell::FindSystemFacts());
+        tidewell::InitializeModuleState(instance, tidewell::WindowsFacts);
         tidewell::SetUser(&tidewell::WindowsUser);
     }
     return TRUE;

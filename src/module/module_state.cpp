@@ -22,10 +22,11 @@ bool isNtPlatform() {
 
 void InitializeModuleState(HINSTANCE instance, const SystemFacts& facts) {
     ModuleInstance = instance;
-    ResourceModule = facts.localeLibrary ? facts.localeLibrary : instance;
+    DoubleByteCharacters = facts.hasDoubleByteCharacters && facts.hasDoubleByteCharacters();
+    const HINSTANCE localeLibrary = facts.loadLocaleLibrary ? facts.loadLocaleLibrary() : nullptr;
+    ResourceModule = localeLibrary ? localeLibrary : instance;
     RunningOnNt = isNtPlatform();
-    UserIsAdmin = RunningOnNt && facts.userIsAdmin;
-    DoubleByteCharacters = facts.doubleByteCharacters;
+    UserIsAdmin = RunningOnNt && facts.isAdministrator && facts.isAdministrator();
 }
 
 }  // namespace tidewell

@@ -17,15 +17,16 @@ extern bool DoubleByteCharacters;  // the system uses a double-byte character se
 // only by InterlockedIncrement and InterlockedDecrement, from any thread.
 extern volatile LONG ModuleLockCount;
 
-// What only Windows itself can tell, where a program needs it.
+// Finds out what only Windows itself can tell, where a program needs it; null for what is not so anyway.
 struct SystemFacts {
-    HINSTANCE localeLibrary = nullptr;  // its resources are used instead of the instance's own
-    bool userIsAdmin = false;
-    bool doubleByteCharacters = false;
+    bool (*hasDoubleByteCharacters)() = nullptr;
+    HINSTANCE (*loadLocaleLibrary)() = nullptr;  // whose resources are used; null for the instance's own
+    bool (*isAdministrator)() = nullptr;         // asked on NT only
 };
 
-// Fixes the facts above. Called once, before anything else of the library: by the library when it is loaded,
-// and by programs that have its code in them, which find no use for more than their own resources.
+// Fixes the facts above, in this order: the instance, the characters, the locale library, the platform, the
+// administrator. Called once, before anything else of the library: by the library when it is loaded, and by
+// programs that have its code in them, which find no use for more than their own resources.
 void InitializeModuleState(HINSTANCE instance, const SystemFacts& facts = {});
 
 }  // namespace tidewell

@@ -6,8 +6,8 @@
 
 namespace tidewell {
 
-// Loads the locale library, too. What cannot be found out is as if it were not so; nothing of it fails.
-SystemFacts FindSystemFacts();
+// What cannot be found out is as if it were not so; nothing of it fails.
+extern const SystemFacts WindowsFacts;
 
 }  // namespace tidewell
 

@@ -5,8 +5,14 @@
 
 namespace tidewell {
 
-SystemFacts FindSystemFacts() {
-    return {LoadLocaleLibrary(), IsAdministrator(), GetSystemMetrics(SM_DBCSENABLED) != 0};
+namespace {
+
+bool hasDoubleByteCharacters() {
+    return GetSystemMetrics(SM_DBCSENABLED) != 0;
 }
+
+}  // namespace
+
+const SystemFacts WindowsFacts = {hasDoubleByteCharacters, LoadLocaleLibrary, IsAdministrator};
 
 }  // namespace tidewell

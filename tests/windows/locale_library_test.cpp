@@ -28,7 +28,7 @@ struct NamedLibrary {
     HMODULE self = GetModuleHandleA(nullptr);
     ~NamedLibrary() { const ModuleState own; }
 
-    void attach() const { InitializeModuleState(self, FindSystemFacts()); }
+    void attach() const { InitializeModuleState(self, WindowsFacts); }
     void attach(const std::string& path) const {
         value.set(REG_SZ, path + '\0');
         attach();

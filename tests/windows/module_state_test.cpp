@@ -105,11 +105,12 @@ TEST_CASE("Loading finds out about the module, the system and the user") {
                 script = {};
                 script.groups = {{SECURITY_BUILTIN_DOMAIN_RID, admin ? 544u : 545u}};
                 script.doubleByte = doubleByte;
-                InitializeModuleState(instance, FindSystemFacts());
+                InitializeModuleState(instance, WindowsFacts);
                 CHECK(ModuleInstance == instance);
                 CHECK(ResourceModule == instance);
                 CHECK(RunningOnNt == system.onNt);
                 CHECK(UserIsAdmin == (system.onNt && admin));
+                CHECK((script.token != nullptr) == system.onNt);
                 CHECK(DoubleByteCharacters == (doubleByte != 0));
             }
         }
