@@ -30,10 +30,7 @@ int showBox(HWND owner, const LocalText& text, const LocalText& title, UINT styl
 
 // A percent sign in the text of an error is no insert of the message that the text becomes part of.
 LocalText protectPercentSigns(const char* text) {
-    SIZE_T capacity = 1;
-    for (const char* c = text; *c != '\0'; ++c)
-        capacity += *c == '%' ? 2 : 1;
-    LocalText result = allocateText(capacity);
+    LocalText result = allocateText(2 * static_cast<SIZE_T>(lstrlenA(text)) + 1);
     if (!result) return result;
     char* out = result.get();
     // No second byte of a double-byte character is a percent sign.

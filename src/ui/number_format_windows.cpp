@@ -11,6 +11,8 @@ namespace {
 constexpr int kNumberCapacity = 128;
 constexpr int kSeparatorCapacity = 16;
 constexpr int kGroupingCapacity = 16;
+// Without it a zero alone would leave nothing.
+constexpr UINT kLeadingZero = 1;
 constexpr UINT kMinusBeforeNumber = 1;
 
 struct LocaleNumbers {
@@ -29,9 +31,9 @@ struct LocaleNumbers {
 };
 
 // `digits`: with a period before its decimals, whatever the locale.
-int formatForLocale(const char* digits, UINT decimals, UINT leadingZero, char* buffer, int capacity) {
+int formatForLocale(const char* digits, UINT decimals, char* buffer, int capacity) {
     LocaleNumbers locale;
-    const NUMBERFMTA format = {decimals,       leadingZero,      locale.grouping,
+    const NUMBERFMTA format = {decimals,       kLeadingZero,     locale.grouping,
                                locale.decimal, locale.thousands, kMinusBeforeNumber};
     return GetNumberFormatA(LOCALE_USER_DEFAULT, 0, digits, &format, buffer, capacity);
 }
@@ -58,8 +60,7 @@ DWORD copyTexts(const char* first, const char* second, char* buffer, DWORD buffe
 int FormatNumber(int32_t value, char* buffer, int bufferSize) {
     char digits[kDigitsCapacity];
     wsprintfA(digits, "%d", static_cast<int>(value));
-    // A zero alone would count as a leading one, and leave nothing.
-    return formatForLocale(digits, 0, value == 0 ? 1 : 0, buffer, bufferSize);
+    return formatForLocale(digits, 0, buffer, bufferSize);
 }
 
 DWORD FormatSize(uint64_t value, char* buffer, DWORD bufferSize, BOOL withUnit) {
@@ -76,7 +77,7 @@ DWORD FormatSize(uint64_t value, char* buffer, DWORD bufferSize, BOOL withUnit) 
         FormatDigits(size.whole, digits);
 
     char number[kNumberCapacity];
-    const bool formatted = formatForLocale(digits, size.hundredths != 0, 1, number, sizeof number) != 0;
+    const bool formatted = formatForLocale(digits, size.hundredths != 0, number, sizeof number) != 0;
     const bool single = size.whole == 1 && size.hundredths == 0;
     return copyTexts(formatted ? number : digits, entryOf(units.get(), 2 * size.unit + (single ? 0 : 1)),
                      buffer, bufferSize);

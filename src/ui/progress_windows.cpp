@@ -52,7 +52,6 @@ void addFootMargin(HWND window) {
 void onInit(HWND window, const Creation& creation) {
     SetWindowLongPtrA(window, DWLP_USER, reinterpret_cast<LONG_PTR>(&creation.progress));
     SetWindowTextA(window, creation.title);
-    SendDlgItemMessageA(window, IDC_PROGRESS_BAR, PBM_SETPOS, 0, 0);
     SendDlgItemMessageA(window, IDC_PROGRESS_BAR, PBM_SETSTEP, kBarStep, 0);
     addFootMargin(window);
     SetTimer(window, kShowTimer, kShowDelay, nullptr);
@@ -61,7 +60,7 @@ void onInit(HWND window, const Creation& creation) {
 
 void showTimeRemaining(HWND window, const ProgressDialog& progress) {
     const TimeRemaining estimate = ProgressTimeRemaining(progress);
-    if (estimate.stringId == 0) return;
+    // No string has the number 0.
     char textTemplate[kTemplateCapacity];
     if (LoadStringA(progress.instance, estimate.stringId, textTemplate, kTemplateCapacity) == 0) return;
     char text[kTemplateCapacity + kNumberCapacity];

@@ -13,10 +13,11 @@ HKEY rootOf(BOOL perUser) {
     return perUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
 }
 
-RegistryKey openSettings(BOOL perUser, REGSAM access, ErrorCode& result) {
-    HKEY key = nullptr;
-    result = static_cast<ErrorCode>(RegOpenKeyExA(rootOf(perUser), kSettingsKey, 0, access, &key));
-    return RegistryKey(result == 0 ? key : nullptr);
+ErrorCode openSettings(BOOL perUser, REGSAM access, RegistryKey& key) {
+    HKEY opened = nullptr;
+    const LONG result = RegOpenKeyExA(rootOf(perUser), kSettingsKey, 0, access, &opened);
+    if (result == 0) key = RegistryKey(opened);
+    return static_cast<ErrorCode>(result);
 }
 
 bool isFolder(const char* path) {
@@ -27,8 +28,8 @@ bool isFolder(const char* path) {
 }  // namespace
 
 BOOL ReadSettingString(BOOL perUser, const char* name, char* buffer, DWORD size) {
-    ErrorCode result = 0;
-    const RegistryKey key = openSettings(perUser, KEY_QUERY_VALUE, result);
+    RegistryKey key;
+    ErrorCode result = openSettings(perUser, KEY_QUERY_VALUE, key);
     if (result == 0) result = QueryRegistryText(key, name, buffer, size);
     return result == 0 ? 1 : failWith(result);
 }
@@ -53,8 +54,8 @@ BOOL WriteSettingString(BOOL perUser, const char* name, const char* text) {
 }
 
 DWORD ReadSettingDword(const char* name, DWORD fallback) {
-    ErrorCode result = 0;
-    const RegistryKey key = openSettings(FALSE, KEY_READ, result);
+    RegistryKey key;
+    ErrorCode result = openSettings(FALSE, KEY_READ, key);
     DWORD value = 0;
     DWORD stored = 0;
     if (result == 0) result = QueryRegistryValue(key, name, &value, sizeof value, &stored);

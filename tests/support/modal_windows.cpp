@@ -2,6 +2,7 @@
 
 #include <doctest/doctest.h>
 
+#include <map>
 #include <utility>
 
 namespace {
@@ -58,6 +59,11 @@ TestWindow::TestWindow(const char* text, DWORD style)
     : TestWindow(
           CreateWindowExA(0, "STATIC", text, style, 0, 0, 50, 50, nullptr, nullptr, nullptr, nullptr)) {}
 
+HWND goneWindow() {
+    const TestWindow window("gone");
+    return window;
+}
+
 std::string classOf(HWND window) {
     char name[64] = "";
     GetClassNameA(window, name, sizeof name);
@@ -73,19 +79,15 @@ std::string windowText(HWND window) {
     return characters;
 }
 
-std::map<LONG, std::string> buttonsOf(HWND dialog) {
-    std::map<LONG, std::string> buttons;
+std::string buttonTexts(HWND dialog) {
+    std::map<LONG, std::string> buttons;  // by their places
     for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
         if (classOf(child) != "Button" || !IsWindowVisible(child)) continue;
         const char* const mark = child == GetFocus() ? "*" : IsWindowEnabled(child) ? "" : "-";
-        buttons[frameOf(child).left - frameOf(dialog).left] = "[" + windowText(child) + mark + "]";
+        buttons[frameOf(child).left] = "[" + windowText(child) + mark + "]";
     }
-    return buttons;
-}
-
-std::string buttonTexts(HWND dialog) {
     std::string texts;
-    for (const auto& [place, text] : buttonsOf(dialog))
+    for (const auto& [place, text] : buttons)
         texts += text;
     return texts;
 }

@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <functional>
-#include <map>
 #include <string>
 
 // A 32-bit program has no display where the tests run it (a 64-bit Wine without 32-bit libraries). Its
@@ -50,14 +49,14 @@ class ModalDriver {
     int shown_ = 0;
 };
 
+// What no window is any more.
+HWND goneWindow();
+
 std::string classOf(HWND window);
 std::string windowText(HWND window);
 
-// The push buttons that are seen, by their places from the window's left edge: "[&Yes*]" where it is the
-// default,
-// "[&Yes-]" where it is disabled.
-std::map<LONG, std::string> buttonsOf(HWND dialog);
-// The same from left to right.
+// The push buttons that are seen, from left to right: "[&Yes*]" where it is the default, "[&Yes-]" where it
+// is disabled.
 std::string buttonTexts(HWND dialog);
 
 // A label that shows an icon instead of its text.
@@ -77,10 +76,5 @@ std::string labelTexts(HWND window);
 void press(HWND dialog, int button);
 
 void typeKey(HWND window, WPARAM key);
-
-// Writes what the screen shows of a window to NAME.BMP in the folder that the environment variable
-// TIDEWELL_SCREENSHOTS names, by default in the current one: for the documents, and for whoever wants to see
-// what a test saw. Without a display there is nothing to write.
-void takeScreenshot(HWND window, const char* name);
 
 #endif

@@ -6,7 +6,6 @@
 #include "support/user_in_charge.h"
 #include "ui/user_windows.h"
 
-#include <map>
 #include <string>
 
 // The library in the program that has its code and resources in it, as in a process that has loaded it: with
@@ -31,9 +30,5 @@ class LoadedLibrary {
   private:
     HMODULE module_;
 };
-
-// The messages of a module by their identifiers; unformatted, with the inserts. Characters beyond Latin-1 are
-// not told apart.
-std::map<DWORD, std::string> messagesOf(HMODULE module);
 
 #endif

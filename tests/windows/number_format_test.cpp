@@ -60,10 +60,8 @@ TEST_CASE_FIXTURE(Numbers, "A size is shown in its unit or in bytes") {
     } const rows[] = {
         {0, "0 bytes", "0 bytes"},
         {1, "1 byte", "1 byte"},
-        {1000, "1,000 bytes", "1,000 bytes"},
         {1001, "1.0KB", "1,001 bytes"},
         {1024, "1KB", "1,024 bytes"},
-        {1035, "1.0KB", "1,035 bytes"},
         {1'572'864, "1.5MB", "1,572,864 bytes"},
         {UINT64_MAX, "17,179,869,184.0GB", "18,446,744,073,709,551,615 bytes"},
     };
@@ -85,24 +83,18 @@ TEST_CASE_FIXTURE(Numbers, "A size is shown in its unit or in bytes") {
 
 TEST_CASE_FIXTURE(Numbers, "Numbers follow the user's separators, grouping and sign") {
     CHECK(numberText(0) == "0");
-    CHECK(numberText(999) == "999");
     CHECK(numberText(INT32_MIN) == "-2,147,483,648");
     char tiny[4];
     CHECK(FormatNumber(12345, tiny, sizeof tiny) == 0);
     use(",", ".", "3;0");
     CHECK(numberText(1'234'567) == "1.234.567");
     CHECK(sizeText(UINT64_MAX, TRUE) == "17.179.869.184,0GB");
-    CHECK(sizeText(1'572'864, FALSE) == "1.572.864 bytes");
-    for (const char* const nonsense : {"/", ":", ""}) {
+    for (const char* const nonsense : {"/", ":", "", "0;0"}) {
         use(",", ".", nonsense);
         CHECK(numberText(1'234'567) == "1234567");
     }
     use(",", ".", "9;0");
     CHECK(numberText(INT32_MIN) == "-2.147483648");
-    use(",", ".", "3;2;0");
-    CHECK(numberText(1'234'567) == "1.234.567");
-    use(",", ".", "0;0");
-    CHECK(numberText(1'234'567) == "1234567");
 }
 
 TEST_CASE_FIXTURE(Numbers, "A control shows a size in both forms where they differ") {

@@ -7,7 +7,8 @@
 
 #define DATA_SIZE 1000
 #define RESOURCE_SIZE 300
-#define PACKED_SIZE (128 + 1024 + 384)
+#define PADDING 84
+#define PACKED_SIZE (128 + 1024 + RESOURCE_SIZE + PADDING)
 
 static int failures;
 
@@ -28,19 +29,8 @@ struct Library {
 
 static char folder[MAX_PATH];
 
-/* The full path of a file of the test; a few of them can be in use. */
-static const char* pathOf(const char* name) {
-    static char paths[4][2 * MAX_PATH];
-    static int next;
-    char* const path = paths[next++ % 4];
-    strcpy(path, folder);
-    strcat(path, "\\");
-    strcat(path, name);
-    return path;
-}
-
 static void fillFile(const char* name, const void* start, size_t startSize, char rest, size_t size) {
-    FILE* const file = fopen(pathOf(name), "wb");
+    FILE* const file = fopen(name, "wb");
     CHECK(file != NULL);
     if (file == NULL) return;
     fwrite(start, 1, startSize, file);
@@ -49,34 +39,15 @@ static void fillFile(const char* name, const void* start, size_t startSize, char
     CHECK(fclose(file) == 0);
 }
 
-/* How many characters `expected` the file has, which has no others; -1 for any other file. */
-static long countIn(const char* name, int expected) {
-    FILE* const file = fopen(pathOf(name), "rb");
-    long count = 0;
-    int character;
-    if (file == NULL) return -1;
-    while ((character = fgetc(file)) != EOF)
-        count = count < 0 || character != expected ? -1 : count + 1;
-    fclose(file);
-    return count;
-}
-
-static int holds(const char* name, long offset, const char* text) {
-    FILE* const file = fopen(pathOf(name), "rb");
-    char bytes[16];
-    size_t size = 0;
-    if (file == NULL) return 0;
-    if (fseek(file, offset, SEEK_SET) == 0) size = fread(bytes, 1, strlen(text), file);
-    fclose(file);
-    return size == strlen(text) && memcmp(bytes, text, size) == 0;
-}
-
-static long sizeOf(const char* name) {
-    WIN32_FIND_DATAA found;
-    HANDLE const search = FindFirstFileA(pathOf(name), &found);
-    if (search == INVALID_HANDLE_VALUE) return -1;
-    FindClose(search);
-    return (long)found.nFileSizeLow;
+/* Whether the file has, from `offset` on, this text and `rest` after it, and `size` characters in all. */
+static int holds(const char* name, long offset, const char* text, int rest, long size) {
+    FILE* const file = fopen(name, "rb");
+    int right = file != NULL && fseek(file, offset, SEEK_SET) == 0;
+    for (; right && offset < size; ++offset)
+        right = fgetc(file) == (*text != '\0' ? *text++ : rest);
+    right = right && fgetc(file) == EOF;
+    if (file != NULL) fclose(file);
+    return right;
 }
 
 /* As NTFS keeps a Mac file; a system that keeps streams as files of their own shows them in the folder. */
@@ -88,9 +59,9 @@ static void makeMacFile(void) {
 }
 
 static void removeMacFile(void) {
-    DeleteFileA(pathOf("OUTSIDE.TXT"));
-    DeleteFileA(pathOf("OUTSIDE.TXT:AFP_Resource"));
-    DeleteFileA(pathOf("OUTSIDE.TXT:AFP_AfpInfo"));
+    DeleteFileA("OUTSIDE.TXT");
+    DeleteFileA("OUTSIDE.TXT:AFP_Resource");
+    DeleteFileA("OUTSIDE.TXT:AFP_AfpInfo");
 }
 
 static int questions;
@@ -111,20 +82,12 @@ static void CALLBACK lookForQuestion(HWND window, UINT message, UINT_PTR timer, 
 static void checkErrors(const struct Library* library) {
     DWORD flags = 0;
     TidewellProgress* none = NULL;
-    CHECK(library->createMacBinaryFile(NULL, NULL, pathOf("OUTSIDE.BIN"), NULL) == ERROR_INVALID_PARAMETER);
-    CHECK(library->createMacBinaryFile(NULL, pathOf("OUTSIDE.TXT"), NULL, &none) == ERROR_INVALID_PARAMETER);
-    CHECK(library->createMacBinaryFile(NULL, pathOf("MISSING.TXT"), pathOf("OUTSIDE.BIN"), NULL) ==
+    CHECK(library->createMacBinaryFile(NULL, "OUTSIDE.TXT", NULL, &none) == ERROR_INVALID_PARAMETER);
+    CHECK(library->createMacBinaryFile(NULL, "OUTSIDE.TXT", "OTHER.TXT:stream", NULL) == ERROR_INVALID_NAME);
+    CHECK(library->extractOriginalMacFile(NULL, "OUTSIDE.BIN", folder, NULL, &none) ==
           ERROR_INVALID_PARAMETER);
-    CHECK(library->createMacBinaryFile(NULL, pathOf("OUTSIDE.TXT"), pathOf("OTHER.TXT:stream"), NULL) ==
-          ERROR_INVALID_NAME);
-    CHECK(library->extractOriginalMacFile(NULL, NULL, folder, &flags, NULL) == ERROR_INVALID_PARAMETER);
-    CHECK(library->extractOriginalMacFile(NULL, pathOf("OUTSIDE.BIN"), folder, NULL, &none) ==
-          ERROR_INVALID_PARAMETER);
-    CHECK(library->extractOriginalMacFile(NULL, pathOf("OUTSIDE.TXT"), folder, &flags, NULL) ==
-          ERROR_INVALID_DATA);
-    CHECK(library->extractOriginalMacFile(NULL, pathOf("OUTSIDE.BIN"), pathOf("OUTSIDE.TXT"), &flags, NULL) ==
-          ERROR_BAD_PATHNAME);
-    CHECK(sizeOf("OUTSIDE.BIN") == -1);
+    CHECK(library->extractOriginalMacFile(NULL, "OUTSIDE.TXT", folder, &flags, NULL) == ERROR_INVALID_DATA);
+    CHECK(GetFileAttributesA("OUTSIDE.BIN") == INVALID_FILE_ATTRIBUTES);
     CHECK(flags == 0);
 }
 
@@ -132,27 +95,27 @@ static void checkRoundTrip(const struct Library* library) {
     DWORD flags = 0;
     TidewellProgress* none = NULL;
     UINT_PTR timer;
-    CHECK(library->createMacBinaryFile(NULL, pathOf("OUTSIDE.TXT"), pathOf("OUTSIDE.BIN"), &none) == 0);
-    CHECK(sizeOf("OUTSIDE.BIN") == PACKED_SIZE);
+    CHECK(library->createMacBinaryFile(NULL, "OUTSIDE.TXT", "OUTSIDE.BIN", &none) == 0);
+    CHECK(holds("OUTSIDE.BIN", PACKED_SIZE - PADDING, "", 0, PACKED_SIZE));
     removeMacFile();
-    CHECK(library->extractOriginalMacFile(NULL, pathOf("OUTSIDE.BIN"), folder, &flags, &none) == 0);
-    CHECK(countIn("OUTSIDE.TXT", 'd') == DATA_SIZE);
-    CHECK(countIn("OUTSIDE.TXT:AFP_Resource", 'r') == RESOURCE_SIZE);
-    CHECK(holds("OUTSIDE.TXT:AFP_AfpInfo", 16, "TEXTttxt"));
+    CHECK(library->extractOriginalMacFile(NULL, "OUTSIDE.BIN", folder, &flags, &none) == 0);
+    CHECK(holds("OUTSIDE.TXT", 0, "", 'd', DATA_SIZE));
+    CHECK(holds("OUTSIDE.TXT:AFP_Resource", 0, "", 'r', RESOURCE_SIZE));
+    CHECK(holds("OUTSIDE.TXT:AFP_AfpInfo", 16, "TEXTttxt", 0, 60));
 
     fillFile("OUTSIDE.TXT", "", 0, 'x', 5);
     questions = 0;
     timer = SetTimer(NULL, 0, 10, lookForQuestion);
-    CHECK(library->extractOriginalMacFile(NULL, pathOf("OUTSIDE.BIN"), folder, &flags, NULL) == 0);
+    CHECK(library->extractOriginalMacFile(NULL, "OUTSIDE.BIN", folder, &flags, NULL) == 0);
     CHECK(questions > 0);
-    CHECK(countIn("OUTSIDE.TXT", 'x') == 5);
+    CHECK(holds("OUTSIDE.TXT", 0, "", 'x', 5));
     questions = 0;
     flags = TIDEWELL_REPLACE_ALL;
-    CHECK(library->extractOriginalMacFile(NULL, pathOf("OUTSIDE.BIN"), folder, &flags, NULL) == 0);
+    CHECK(library->extractOriginalMacFile(NULL, "OUTSIDE.BIN", folder, &flags, NULL) == 0);
     KillTimer(NULL, timer);
     CHECK(questions == 0);
-    CHECK(countIn("OUTSIDE.TXT", 'd') == DATA_SIZE);
-    DeleteFileA(pathOf("OUTSIDE.BIN"));
+    CHECK(holds("OUTSIDE.TXT", 0, "", 'd', DATA_SIZE));
+    DeleteFileA("OUTSIDE.BIN");
 }
 
 static void checkLibrary(const struct Library* library) {

@@ -61,8 +61,8 @@ REPLACE_IMPORT(SystemParametersInfoA, 16, parametersInfo);
 
 TEST_CASE("A window comes up inside its owner, the next ones a caption further") {
     const Window owner(nullptr, 60, 80, 200, 100);
-    const Window window(owner, 0, 0, 150, 90);
-    const POINT step = {window.client().x + 1, window.client().y + 1};
+    const Window window(owner, 7, 9, 150, 90);
+    const POINT step = {window.client().x - 7 + 1, window.client().y - 9 + 1};
     CHECK(step.y > step.x);
     for (int index = 0; index < 3; ++index) {
         PlaceWindow(window, index);
@@ -82,7 +82,7 @@ TEST_CASE(
     CHECK_FALSE(IsWindowVisible(alone));
 
     const Window inCorner(nullptr, desktop.right - 60, desktop.bottom - 50, 50, 40);
-    const Window window(inCorner, 0, 0, 150, 90);
+    const Window window(inCorner, 7, 9, 150, 90);
     PlaceWindow(window, 2);
     checkFrame(window, desktop.right - 150, desktop.bottom - 90, 150, 90);
 

@@ -115,14 +115,31 @@ TEST_CASE_FIXTURE(ModuleState,
     CHECK_FALSE(SetDlgItemTextFromString(window, 8, IDS_CLOSE));
     CHECK_FALSE(FormatWindowText(window, 8, "x"));
     CHECK(windowText(window.label) == "&Close");
-    // A text that is no template, and one that is long.
-    SetWindowTextA(window.label, "%1!q");
-    CHECK_FALSE(FormatWindowText(window, 7, "x"));
-    CHECK(windowText(window.label) == "%1!q");
+    // A text that is no template, none at all, and one that is long.
+    for (const char* const text : {"%1!q", ""}) {
+        SetWindowTextA(window.label, text);
+        CHECK_FALSE(FormatWindowText(window, 7, "x"));
+        CHECK(windowText(window.label) == text);
+    }
     const std::string name(1500, 'n');
     SetWindowTextA(window.label, "'%1'");
     CHECK(FormatWindowText(window, 7, name.c_str()));
     CHECK(windowText(window.label) == "'" + name + "'");
+}
+
+TEST_CASE_FIXTURE(ModuleState, "A time remaining may be long in another language") {
+    ProgressDialog* const progress = ProgressCreate(ResourceModule, "progress", nullptr, FALSE);
+    REQUIRE(progress != nullptr);
+    const uint64_t total = UINT64_MAX;
+    ProgressSetTotal(progress, &total);
+    ProgressAdvance(progress, 1);
+    progress->clock = 0;
+    progress->instance = kOneString;
+    onlyString = std::string(124, 'x') + " %d";
+    SendMessageA(ProgressWindow(progress), WM_TIMER, 1, 0);
+    const std::string text = windowText(GetDlgItem(ProgressWindow(progress), IDC_PROGRESS_TIME));
+    CHECK(text == std::string(124, 'x') + " 2147483647");
+    ProgressDestroy(progress);
 }
 
 TEST_CASE_FIXTURE(ModuleState, "Without memory there is no string, no text is set, and no box is shown") {

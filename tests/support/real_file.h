@@ -1,6 +1,6 @@
 // Files on a real volume of Windows, in the current folder, that go with the object.
-#ifndef TIDEWELL_TESTS_SUPPORT_REAL_MAC_FILE_H
-#define TIDEWELL_TESTS_SUPPORT_REAL_MAC_FILE_H
+#ifndef TIDEWELL_TESTS_SUPPORT_REAL_FILE_H
+#define TIDEWELL_TESTS_SUPPORT_REAL_FILE_H
 
 #include <windows.h>
 
@@ -21,17 +21,6 @@ class RealFile {
 
   private:
     std::string path_;
-};
-
-// A Mac file as NTFS keeps it, of type TEXT and creator ttxt.
-class RealMacFile : public RealFile {
-  public:
-    RealMacFile(const char* name, size_t dataLength, size_t resourceLength);
-    ~RealMacFile();
-
-  private:
-    std::string resourceFork_;
-    std::string finderInfo_;
 };
 
 #endif

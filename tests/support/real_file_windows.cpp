@@ -1,0 +1,27 @@
+#include "support/real_file.h"
+
+#include <doctest/doctest.h>
+
+#include <filesystem>
+#include <fstream>
+
+RealFile::RealFile(const char* name) : path_(std::filesystem::absolute(name).string()) {
+    DeleteFileA(path());
+}
+
+RealFile::RealFile(const char* name, const std::string& bytes) : RealFile(name) {
+    std::ofstream file(path_, std::ios::binary);
+    file << bytes;
+    file.close();
+    REQUIRE_MESSAGE(!file.fail(), path_);
+}
+
+RealFile::~RealFile() {
+    DeleteFileA(path());
+}
+
+std::string RealFile::bytes() const {
+    std::ifstream file(path_, std::ios::binary);
+    REQUIRE_MESSAGE(file.is_open(), path_);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
