@@ -15,6 +15,10 @@ inline ErrorCode lastErrorOr(ErrorCode fallback) {
     return error != 0 ? error : fallback;
 }
 
+inline ErrorCode lastError() {
+    return lastErrorOr(ERROR_GEN_FAILURE);
+}
+
 // For operations in the style of the system calls: leaves `error` as the thread's last error, returns 0.
 inline BOOL failWith(ErrorCode error) {
     SetLastError(error);

@@ -28,7 +28,7 @@ bool MayExist(const char* path) {
 ErrorCode OpenForReading(const char* path, OwnedFile& file) {
     file = OwnedFile(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                  FILE_ATTRIBUTE_NORMAL, nullptr));
-    return file ? 0 : lastErrorOr(ERROR_GEN_FAILURE);
+    return file ? 0 : lastError();
 }
 
 ErrorCode GetSizeOf(HANDLE file, uint64_t& size) {
@@ -41,24 +41,24 @@ ErrorCode GetSizeOf(HANDLE file, uint64_t& size) {
 
 ErrorCode ReadWhole(HANDLE file, void* buffer, DWORD count) {
     DWORD transferred = 0;
-    if (!ReadFile(file, buffer, count, &transferred, nullptr)) return lastErrorOr(ERROR_HANDLE_EOF);
+    if (!ReadFile(file, buffer, count, &transferred, nullptr)) return lastError();
     return transferred == count ? 0 : ERROR_HANDLE_EOF;
 }
 
 ErrorCode WriteWhole(HANDLE file, const void* buffer, DWORD count) {
     DWORD transferred = 0;
-    if (!WriteFile(file, buffer, count, &transferred, nullptr)) return lastErrorOr(ERROR_HANDLE_DISK_FULL);
+    if (!WriteFile(file, buffer, count, &transferred, nullptr)) return lastError();
     return transferred == count ? 0 : ERROR_HANDLE_DISK_FULL;
 }
 
 ErrorCode FlushWritten(HANDLE file) {
     if (FlushFileBuffers(file)) return 0;
-    const ErrorCode error = lastErrorOr(ERROR_GEN_FAILURE);
+    const ErrorCode error = lastError();
     return error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ? 0 : error;
 }
 
 ErrorCode CloseWritten(OwnedFile& file) {
-    return CloseHandle(file.release()) ? 0 : lastErrorOr(ERROR_GEN_FAILURE);
+    return CloseHandle(file.release()) ? 0 : lastError();
 }
 
 }  // namespace tidewell

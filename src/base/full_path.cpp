@@ -21,7 +21,7 @@ bool beginsWithPrefix(const char* path, char mark) {
 
 ErrorCode resolve(const char* path, char* full) {
     const DWORD length = GetFullPathNameA(path, kPathCapacity, full, nullptr);
-    if (length == 0) return lastErrorOr(ERROR_INVALID_NAME);
+    if (length == 0) return lastError();
     return length < kPathCapacity ? 0 : ERROR_FILENAME_EXCED_RANGE;
 }
 

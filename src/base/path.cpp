@@ -53,7 +53,7 @@ DWORD GetShortPath(const char* path, char* out, DWORD capacity) {
 ErrorCode GetSizeByPath(const char* path, uint64_t& size) {
     const OwnedFile file(CreateFileA(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
                                      FILE_ATTRIBUTE_NORMAL, nullptr));
-    return file ? GetSizeOf(file.get(), size) : lastErrorOr(ERROR_GEN_FAILURE);
+    return file ? GetSizeOf(file.get(), size) : lastError();
 }
 
 DWORD GetFileSizeByPath(const char* path) {

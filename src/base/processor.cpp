@@ -14,7 +14,6 @@ enum class Vectors { Unknown, Missing, Present };
 std::atomic<Vectors> known = Vectors::Unknown;
 
 Vectors ask() {
-    __builtin_cpu_init();
     return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("pclmul") ? Vectors::Present
                                                                               : Vectors::Missing;
 }

@@ -22,7 +22,7 @@ struct OpenForks {
 // 2 when there is nothing at `path`. Any other failure is no proof of that, and the file is not passed over.
 ErrorCode checkExists(const char* path) {
     if (GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES) return 0;
-    const ErrorCode error = lastErrorOr(ERROR_GEN_FAILURE);
+    const ErrorCode error = lastError();
     return error == ERROR_PATH_NOT_FOUND ? ERROR_FILE_NOT_FOUND : error;
 }
 
@@ -34,7 +34,7 @@ ErrorCode openForks(const ForkPaths& paths, OpenForks& forks) {
 }
 
 ErrorCode writeHeader(HANDLE output, MacBinaryHeader& header) {
-    if (!WriteMacBinaryHeader(output, &header)) return lastErrorOr(ERROR_HANDLE_DISK_FULL);
+    if (!WriteMacBinaryHeader(output, &header)) return lastError();
     return WriteZeros(output, kMacBinaryBlock - sizeof header);
 }
 
@@ -48,7 +48,7 @@ ErrorCode writeOutput(const char* outputPath, const OpenForks& forks, MacBinaryH
                       ProgressDialog* progress) {
     OwnedFile output(
         CreateFileA(outputPath, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!output) return lastErrorOr(ERROR_ACCESS_DENIED);
+    if (!output) return lastError();
     ErrorCode error = writeHeader(output.get(), header);
     if (error == 0) error = writeFork(output.get(), forks.data.get(), header.dataLength, progress);
     if (error == 0) error = writeFork(output.get(), forks.resource.get(), header.resourceLength, progress);
@@ -94,8 +94,7 @@ ErrorCode PackMacFile(const char* sourcePath, const char* outputPath, ProgressDi
     error = openForks(paths, forks);
     if (error != 0) return error;
     MacBinaryHeader header;
-    if (!BuildMacBinaryHeader(paths, forks.data.get(), forks.resource.get(), &header))
-        return lastErrorOr(ERROR_INVALID_PARAMETER);
+    if (!BuildMacBinaryHeader(paths, forks.data.get(), forks.resource.get(), &header)) return lastError();
     // Only the forks are held open: an output that is the source's Finder information would replace it.
     if (IsForkPath(outputPath)) return ERROR_INVALID_NAME;
     return writeOutput(outputPath, forks, header, progress);

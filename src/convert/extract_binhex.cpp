@@ -68,7 +68,7 @@ ErrorCode writeFinderInfo(const BinHexHeader& header, const ExtractedFile& file)
     merged.type = header.fields.type;
     merged.creator = header.fields.creator;
     if (WriteFinderInfoFromHeader(file.paths, file.finderInfo, merged)) return 0;
-    return lastErrorOr(ERROR_INVALID_DATA);
+    return lastError();
 }
 
 ErrorCode writeFile(const Decoder& decoder, const BinHexHeader& header, ExtractedFile& file,

@@ -61,7 +61,7 @@ ErrorCode writeFile(HANDLE source, const MacBinaryHeader& header, const Layout& 
 
 ErrorCode extract(const Extraction& extraction, HANDLE source, Layout& layout) {
     MacBinaryHeader header;
-    if (!ReadMacBinaryHeader(source, &header)) return lastErrorOr(ERROR_INVALID_DATA);
+    if (!ReadMacBinaryHeader(source, &header)) return lastError();
     layout.dataOffset = MacBinaryRoundedUp(uint64_t{header.secondaryHeaderLength} + kMacBinaryBlock);
     layout.resourceOffset = layout.dataOffset + MacBinaryRoundedUp(header.dataLength);
     ErrorCode error = advance(extraction.progress, layout.dataOffset);

@@ -9,7 +9,7 @@ namespace tidewell {
 
 ErrorCode ExtractOriginal(const Extraction& extraction) {
     const DWORD attributes = GetFileAttributesA(extraction.destinationFolder);
-    if (attributes == INVALID_FILE_ATTRIBUTES) return lastErrorOr(ERROR_PATH_NOT_FOUND);
+    if (attributes == INVALID_FILE_ATTRIBUTES) return lastError();
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return ERROR_BAD_PATHNAME;
     const char* const extension = FileExtension(extraction.sourcePath);
     if (equalsIgnoringCase(extension, ".bin")) return ExtractMacBinary(extraction);

@@ -94,7 +94,7 @@ ErrorCode PlaceExtractedFile(const Extraction& extraction, const uint8_t* macNam
 ErrorCode OpenExtractedFork(const char* path, ExtractedFile& file, OwnedFile& fork) {
     fork = OwnedFile(
         CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!fork) return lastErrorOr(ERROR_ACCESS_DENIED);
+    if (!fork) return lastError();
     file.owned = true;
     return 0;
 }

@@ -104,7 +104,7 @@ BOOL WriteMacBinaryHeader(HANDLE file, MacBinaryHeader* header) {
     header->crc = MacBinaryCrc(header, offsetof(MacBinaryHeader, crc));
     ErrorCode error = 0;
     if (SetFilePointer(file, 0, nullptr, FILE_BEGIN) == INVALID_SET_FILE_POINTER) {
-        error = lastErrorOr(ERROR_HANDLE_DISK_FULL);
+        error = lastError();
     } else {
         error = WriteWhole(file, header, sizeof *header);
     }
@@ -114,7 +114,7 @@ BOOL WriteMacBinaryHeader(HANDLE file, MacBinaryHeader* header) {
 
 BOOL ReadMacBinaryHeader(HANDLE file, MacBinaryHeader* header) {
     if (SetFilePointer(file, 0, nullptr, FILE_BEGIN) == INVALID_SET_FILE_POINTER)
-        return failWith(lastErrorOr(ERROR_HANDLE_EOF));
+        return failWith(lastError());
     MacBinaryFileHeader fileHeader;
     ErrorCode error = ReadWhole(file, &fileHeader, sizeof fileHeader);
     if (error == 0) error = checkHeader(fileHeader);

@@ -23,7 +23,7 @@ void mergeFields(FinderFields& finder, const MacBinaryHeader& header) {
 
 ErrorCode ReadFinderInfoToKeep(const ForkPaths& paths, FinderInfoRecord& had) {
     if (ReadFinderInfo(paths, &had)) return 0;
-    const ErrorCode error = lastErrorOr(ERROR_GEN_FAILURE);
+    const ErrorCode error = lastError();
     if (error != ERROR_FILE_NOT_FOUND) return error;
     // The driver may know of an item whose file is yet to be made; then it has a record of it.
     if (paths.kind == VolumeKindMac) had.kind = VolumeKindOther;

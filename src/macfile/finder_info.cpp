@@ -29,7 +29,7 @@ BOOL WriteFinderInfo(const ForkPaths& paths, const FinderInfoRecord* record) {
     const DWORD disposition = paths.kind == VolumeKindNtfs ? OPEN_ALWAYS : OPEN_EXISTING;
     OwnedFile file(CreateFileA(paths.finderInfoPath, GENERIC_WRITE, FILE_SHARE_READ, nullptr, disposition,
                                FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) return failWith(lastErrorOr(ERROR_ACCESS_DENIED));
+    if (!file) return failWith(lastError());
     ErrorCode error = WriteWhole(file.get(), &record->mac, sizeOf(paths.kind));
     if (error == 0) error = FlushWritten(file.get());
     const ErrorCode closed = CloseWritten(file);

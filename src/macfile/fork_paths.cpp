@@ -61,7 +61,7 @@ ErrorCode SetForkPaths(VolumeKind kind, ForkPaths& paths) {
 ErrorCode FindForkPaths(const char* path, ForkPaths& paths) {
     const DWORD capacity = paths.dataLength;
     paths.dataLength = GetShortPath(path, paths.dataPath, capacity);
-    ErrorCode error = paths.dataLength == 0 ? lastErrorOr(ERROR_FILE_NOT_FOUND) : 0;
+    ErrorCode error = paths.dataLength == 0 ? lastError() : 0;
     // The length needed for a path that does not fit comes back with nothing written.
     if (paths.dataLength >= capacity) {
         paths.dataLength = 0;

@@ -29,7 +29,7 @@ struct FolderUnits {
 
 ErrorCode convertFolder(const char* folder, FolderUnits& converted) {
     converted.count = MultiByteToWideChar(CP_ACP, 0, folder, -1, converted.units, kMacFolderUnits);
-    return converted.count != 0 ? 0 : lastErrorOr(ERROR_INSUFFICIENT_BUFFER);
+    return converted.count != 0 ? 0 : lastError();
 }
 
 // The driver takes a folder as a run of NUL-separated components.
@@ -44,8 +44,7 @@ void setFolder(MacNameRequest& request, const FolderUnits& folder) {
 // that the code page lacks could be the name of another file.
 ErrorCode checkConverted(const char* name, const WCHAR* units) {
     WCHAR back[kNameCapacity];
-    if (MultiByteToWideChar(CP_ACP, 0, name, -1, back, kNameCapacity) == 0)
-        return lastErrorOr(ERROR_INVALID_NAME);
+    if (MultiByteToWideChar(CP_ACP, 0, name, -1, back, kNameCapacity) == 0) return lastError();
     const WCHAR* unit = back;
     for (; *unit != 0 && *unit == *units; ++unit)
         ++units;
@@ -73,7 +72,7 @@ ErrorCode buildPath(const char* folder, const WCHAR* units, char* outPath, DWORD
     if (start + 1 > capacity) return ERROR_INSUFFICIENT_BUFFER;
     const int converted = WideCharToMultiByte(CP_ACP, 0, units, -1, outPath + start,
                                               static_cast<int>(capacity - start), nullptr, nullptr);
-    if (converted == 0) return lastErrorOr(ERROR_INSUFFICIENT_BUFFER);
+    if (converted == 0) return lastError();
     return checkConverted(outPath + start, units);
 }
 
@@ -87,7 +86,7 @@ void deleteUnnamed(const FolderUnits& folder, const ReplyName& name) {
     std::memcpy(path, kPrefix, sizeof kPrefix);
     std::memcpy(start, folder.units, sizeof folder.units);
     WCHAR* end = start + folder.count - 1;
-    if (end == start || end[-1] != '\\') *end++ = '\\';
+    if (end[-1] != '\\') *end++ = '\\';
     std::memcpy(end, name.units, sizeof name.units);
     DeleteFileW(path);
 }
@@ -108,8 +107,7 @@ ErrorCode askDriver(MacNameRequest& request, const char* folder, char* outPath, 
     error = buildPath(folder, name.units, outPath, capacity);
     if (request.operation != static_cast<uint8_t>(MacNameOperation::create)) return error;
     // What no program can look at, it can neither write to nor delete by this path.
-    if (error == 0 && GetFileAttributesA(outPath) == INVALID_FILE_ATTRIBUTES)
-        error = lastErrorOr(ERROR_FILE_NOT_FOUND);
+    if (error == 0 && GetFileAttributesA(outPath) == INVALID_FILE_ATTRIBUTES) error = lastError();
     if (error != 0) deleteUnnamed(units, name);
     return error;
 }
@@ -126,10 +124,10 @@ ErrorCode askDriverForMacName(MacNameOperation operation, const char* folder, co
 
 ErrorCode replacedPath(const char* folder, const uint8_t* macName, char* outPath, DWORD capacity) {
     const DWORD length = GetShortPath(folder, outPath, capacity);
-    if (length == 0) return lastErrorOr(ERROR_PATH_NOT_FOUND);
+    if (length == 0) return lastError();
     if (length >= capacity) return ERROR_INSUFFICIENT_BUFFER;
     char name[kNameCapacity];
-    if (!MacNameToWindowsName(macName, name, sizeof name)) return lastErrorOr(ERROR_MORE_DATA);
+    if (!MacNameToWindowsName(macName, name, sizeof name)) return lastError();
     MakeNameUsable(name);
     return JoinPath(outPath, capacity, outPath, name) < capacity ? 0 : ERROR_FILENAME_EXCED_RANGE;
 }
@@ -142,7 +140,7 @@ ErrorCode LookUpMacName(VolumeKind kind, const char* folder, const uint8_t* macN
         return askDriverForMacName(MacNameOperation::find, folder, macName, reserved, outPath, capacity);
     const ErrorCode error = replacedPath(folder, macName, outPath, capacity);
     if (error != 0) return error;
-    return GetFileAttributesA(outPath) != INVALID_FILE_ATTRIBUTES ? 0 : lastErrorOr(ERROR_FILE_NOT_FOUND);
+    return GetFileAttributesA(outPath) != INVALID_FILE_ATTRIBUTES ? 0 : lastError();
 }
 
 ErrorCode CreateMacNamedFile(VolumeKind kind, const char* folder, const uint8_t* macName, uint32_t reserved,
@@ -153,7 +151,7 @@ ErrorCode CreateMacNamedFile(VolumeKind kind, const char* folder, const uint8_t*
     if (error != 0) return error;
     const OwnedFile file(
         CreateFileA(outPath, GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    return file ? 0 : lastErrorOr(ERROR_ACCESS_DENIED);
+    return file ? 0 : lastError();
 }
 
 ErrorCode LookUpUnicodeMacName(VolumeKind kind, const char* folder, DWORD length, const uint16_t* name,

@@ -33,7 +33,7 @@ ErrorCode tellNtfs(const char* rootPath, bool& ntfs) {
         return 0;
     }
     ntfs = false;
-    const ErrorCode error = lastErrorOr(ERROR_GEN_FAILURE);
+    const ErrorCode error = lastError();
     // A name that does not fit is another's.
     return error == ERROR_MORE_DATA || error == ERROR_BAD_LENGTH ? 0 : error;
 }

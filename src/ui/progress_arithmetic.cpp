@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace tidewell {
@@ -41,11 +42,10 @@ uint8_t ProgressShift(uint64_t total) {
 TimeRemaining EstimateTimeRemaining(int64_t elapsed, uint64_t done, uint64_t total) {
     const int64_t remaining = remainingTime(elapsed, done, total);
     if (remaining > kMinute) {
-        const auto minutes = static_cast<uint64_t>((remaining + kMinuteRounding) / kMinute);
+        const int64_t minutes = (remaining + kMinuteRounding) / kMinute;
         // Only a little more than a minute rounds to 1, which the text's plural would not suit.
-        if (minutes < 2) return {IDS_MINUTES_REMAINING, 2};
-        if (minutes > kLargestNumber) return {IDS_MINUTES_REMAINING, kLargestNumber};
-        return {IDS_MINUTES_REMAINING, static_cast<uint32_t>(minutes)};
+        const auto shown = std::clamp<int64_t>(minutes, 2, kLargestNumber);
+        return {IDS_MINUTES_REMAINING, static_cast<uint32_t>(shown)};
     }
     const auto wholeSeconds = static_cast<uint32_t>(remaining / kSecond);
     const uint32_t seconds = (wholeSeconds + kSecondsStep - 1) / kSecondsStep * kSecondsStep;
