@@ -8,6 +8,7 @@
 
 #include <windows.h>
 #include <commctrl.h>
+#include <windowsx.h>
 
 #include <cctype>
 #include <cstring>
@@ -127,8 +128,7 @@ void checkTextFits(HWND control, const char* face) {
     GetClientRect(control, &has);
     RECT needs = {0, 0, has.right, 0};
     HDC const dc = GetDC(control);
-    HGDIOBJ const previous =
-        SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageA(control, WM_GETFONT, 0, 0)));
+    HGDIOBJ const previous = SelectObject(dc, GetWindowFont(control));
     char actual[LF_FACESIZE] = "";
     GetTextFaceA(dc, sizeof actual, actual);
     CHECK(std::string(actual) == face);
