@@ -58,9 +58,9 @@ LONG missingHeight(HWND label, const char* text) {
     GetClientRect(label, &has);
     RECT needs = has;
     HDC const dc = GetDC(label);
-    HGDIOBJ const previous = SelectObject(dc, GetWindowFont(label));
+    // A common one: it forgets the font when it is released.
+    SelectObject(dc, GetWindowFont(label));
     DrawTextA(dc, text, -1, &needs, DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX);
-    SelectObject(dc, previous);
     ReleaseDC(label, dc);
     return needs.bottom - has.bottom;
 }

@@ -122,12 +122,6 @@ TEST_CASE_FIXTURE(ModuleState, "Escape and closing cancel the question in both f
     } const ways[] = {
         {"Escape", [](HWND) { typeKey(GetFocus(), VK_ESCAPE); }, IDCANCEL},
         {"Escape outside the buttons", [](HWND dialog) { typeKey(dialog, VK_ESCAPE); }, IDCANCEL},
-        {"Escape on No",
-         [](HWND dialog) {
-             SetFocus(GetDlgItem(dialog, IDNO));
-             typeKey(GetFocus(), VK_ESCAPE);
-         },
-         IDCANCEL},
         {"close", [](HWND dialog) { PostMessageA(dialog, WM_CLOSE, 0, 0); }, IDCANCEL},
         {"Enter", [](HWND) { typeKey(GetFocus(), VK_RETURN); }, IDYES},
         {"letter", [](HWND) { PostMessageA(GetFocus(), WM_CHAR, 'n', 0); }, IDNO},
