@@ -9,6 +9,9 @@
 #include "ui/place_window.h"
 #include "ui/strings.h"
 
+#include <windows.h>
+#include <windowsx.h>
+
 namespace tidewell {
 
 namespace {
@@ -55,10 +58,9 @@ LONG missingHeight(HWND label, const char* text) {
     GetClientRect(label, &has);
     RECT needs = has;
     HDC const dc = GetDC(label);
-    HGDIOBJ const previous =
-        SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageA(label, WM_GETFONT, 0, 0)));
+    // A common one: it forgets the font when it is released.
+    SelectObject(dc, GetWindowFont(label));
     DrawTextA(dc, text, -1, &needs, DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX);
-    SelectObject(dc, previous);
     ReleaseDC(label, dc);
     return needs.bottom - has.bottom;
 }

@@ -2,6 +2,7 @@
 
 #include "module/module_state.h"
 #include "ui/format_text.h"
+#include "ui/size_scale.h"
 #include "ui/strings.h"
 
 namespace tidewell {
@@ -9,7 +10,6 @@ namespace tidewell {
 namespace {
 
 constexpr int kNotShown = -1;
-constexpr int kNumberCapacity = 32;
 
 LocalText allocateText(SIZE_T capacity) {
     return LocalText(static_cast<char*>(LocalAlloc(LPTR, capacity)));
@@ -45,7 +45,7 @@ LocalText errorText(ErrorCode errorCode) {
     const LocalText text = FormatSystemError(errorCode);
     if (text) return protectPercentSigns(text.get());
     if (GetLastError() != ERROR_INVALID_PARAMETER) return {};
-    LocalText number = allocateText(kNumberCapacity);
+    LocalText number = allocateText(kDigitsCapacity);
     if (number) wsprintfA(number.get(), "%d", static_cast<int>(errorCode));
     return number;
 }

@@ -3,6 +3,7 @@
 
 #include "res/resource.h"
 #include "ui/place_window.h"
+#include "ui/size_scale.h"
 
 #include <windows.h>
 #include <commctrl.h>
@@ -20,7 +21,6 @@ constexpr WPARAM kBarStep = 10;
 constexpr LONG kFootMargin = 7;  // dialog units
 
 constexpr int kTemplateCapacity = 128;
-constexpr int kNumberCapacity = 12;  // a sign, ten digits and the NUL
 
 // What the dialog's initialisation is given.
 struct Creation {
@@ -63,7 +63,7 @@ void showTimeRemaining(HWND window, const ProgressDialog& progress) {
     // No string has the number 0.
     char textTemplate[kTemplateCapacity];
     if (LoadStringA(progress.instance, estimate.stringId, textTemplate, kTemplateCapacity) == 0) return;
-    char text[kTemplateCapacity + kNumberCapacity];
+    char text[kTemplateCapacity + kDigitsCapacity];
     wsprintfA(text, textTemplate, static_cast<int>(estimate.number));
     SetDlgItemTextA(window, IDC_PROGRESS_TIME, text);
     showControl(window, IDC_PROGRESS_BAR);

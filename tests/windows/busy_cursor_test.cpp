@@ -6,17 +6,9 @@
 
 using namespace tidewell;
 
-namespace {
-
-HCURSOR waitCursor() {
-    HCURSOR const cursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_WAIT));
-    CHECK((cursor != nullptr) == kHasDisplay);
-    return cursor;
-}
-
-}  // namespace
-
 TEST_CASE("The wait cursor shows for as long as the object lives; for a window it captures the mouse") {
+    HCURSOR const wait = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_WAIT));
+    CHECK((wait != nullptr) == kHasDisplay);
     const BYTE blank[8] = {};
     HCURSOR const own = CreateCursor(GetModuleHandleA(nullptr), 0, 0, 16, 4, blank, blank);
     REQUIRE(own != nullptr);
@@ -24,7 +16,7 @@ TEST_CASE("The wait cursor shows for as long as the object lives; for a window i
     const TestWindow window("busy", WS_POPUP | WS_VISIBLE);
     {
         const BusyCursor busy(nullptr);
-        CHECK(GetCursor() == waitCursor());
+        CHECK(GetCursor() == wait);
         CHECK(GetCapture() == nullptr);
     }
     CHECK(GetCursor() == own);
@@ -36,7 +28,7 @@ TEST_CASE("The wait cursor shows for as long as the object lives; for a window i
             const BusyCursor inner(nullptr);
         }
         CHECK(GetCapture() == window);
-        CHECK(GetCursor() == waitCursor());
+        CHECK(GetCursor() == wait);
     }
     CHECK(GetCapture() == nullptr);
     SetCursor(nullptr);

@@ -149,18 +149,13 @@ TEST_CASE("An administrator is who has the group among all groups, and can be as
 
 TEST_CASE("The library may be unloaded when nothing holds it") {
     CHECK(DllCanUnloadNow() == S_OK);
-    for (int held = 1; held <= 2; ++held) {
-        InterlockedIncrement(&ModuleLockCount);
-        CHECK(DllCanUnloadNow() == S_FALSE);
-    }
-    InterlockedDecrement(&ModuleLockCount);
+    InterlockedIncrement(&ModuleLockCount);
     CHECK(DllCanUnloadNow() == S_FALSE);
     InterlockedDecrement(&ModuleLockCount);
     CHECK(DllCanUnloadNow() == S_OK);
 }
 
 TEST_CASE("The uninstaller's calls ask the product's window to quit, when there is one") {
-    CHECK(UninstInitialize() == 0);
     CHECK(UninstUnInitialize() == 0);
 
     HANDLE const ready = CreateEventA(nullptr, TRUE, FALSE, nullptr);

@@ -2,6 +2,7 @@
 #include "ui/number_format.h"
 
 #include "support/modal_windows.h"
+#include "support/replaced_import_windows.h"
 #include "support/test_module_windows.h"
 
 #include <doctest/doctest.h>
@@ -13,27 +14,29 @@ using namespace tidewell;
 
 namespace {
 
-// The user's number format, English and changed at will for as long as the object lives.
-class Numbers : public ModuleState {
-  public:
-    Numbers() {
-        for (size_t i = 0; i < 3; ++i)
-            GetLocaleInfoA(LOCALE_USER_DEFAULT, kTypes[i], previous_[i], sizeof previous_[i]);
-        use(".", ",", "3;0");
-    }
-    ~Numbers() { use(previous_[0], previous_[1], previous_[2]); }
-    Numbers(const Numbers&) = delete;
-    Numbers& operator=(const Numbers&) = delete;
+// The user's number format.
+const char* decimal;
+const char* thousands;
+const char* grouping;
 
-    void use(const char* decimal, const char* thousands, const char* grouping) const {
-        SetLocaleInfoA(LOCALE_USER_DEFAULT, kTypes[0], decimal);
-        SetLocaleInfoA(LOCALE_USER_DEFAULT, kTypes[1], thousands);
-        SetLocaleInfoA(LOCALE_USER_DEFAULT, kTypes[2], grouping);
-    }
+void use(const char* newDecimal, const char* newThousands, const char* newGrouping) {
+    decimal = newDecimal;
+    thousands = newThousands;
+    grouping = newGrouping;
+}
 
-  private:
-    static constexpr LCTYPE kTypes[] = {LOCALE_SDECIMAL, LOCALE_STHOUSAND, LOCALE_SGROUPING};
-    char previous_[3][16] = {};
+int WINAPI localeInfo(LCID locale, LCTYPE type, LPSTR buffer, int size) {
+    CHECK(locale == LOCALE_USER_DEFAULT);
+    lstrcpynA(buffer,
+              type == LOCALE_SDECIMAL    ? decimal
+              : type == LOCALE_STHOUSAND ? thousands
+                                         : grouping,
+              size);
+    return lstrlenA(buffer) + 1;
+}
+
+struct Numbers : ModuleState {
+    Numbers() { use(".", ",", "3;0"); }
 };
 
 std::string sizeText(uint64_t value, BOOL withUnit) {
@@ -51,6 +54,8 @@ std::string numberText(int32_t value) {
 }
 
 }  // namespace
+
+REPLACE_IMPORT(GetLocaleInfoA, 16, localeInfo);
 
 TEST_CASE_FIXTURE(Numbers, "A size is shown in its unit or in bytes") {
     struct {

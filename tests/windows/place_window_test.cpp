@@ -85,11 +85,6 @@ TEST_CASE(
     const Window window(inCorner, 7, 9, 150, 90);
     PlaceWindow(window, 2);
     checkFrame(window, desktop.right - 150, desktop.bottom - 90, 150, 90);
-
-    const Window outside(nullptr, -300, -200, 50, 40);
-    const Window child(outside, 0, 0, 150, 90);
-    PlaceWindow(child, 0);
-    checkFrame(child, outside.client().x + 30, outside.client().y + 35, 150, 90);
 }
 
 TEST_CASE("A window is centred in what the taskbar leaves, and grows at its foot") {

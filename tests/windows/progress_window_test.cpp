@@ -229,7 +229,8 @@ TEST_CASE_FIXTURE(
     CHECK(message.wParam == 7);
 }
 
-TEST_CASE_FIXTURE(ModuleState, "A window that cannot be made gives the system's reason") {
+TEST_CASE("A window that cannot be made gives the system's reason") {
+    const ModuleState library;
     SetLastError(0);
     CHECK(ProgressCreate(GetModuleHandleA("comctl32.dll"), kTitle, nullptr, FALSE) == nullptr);
     CHECK(GetLastError() == ERROR_RESOURCE_NAME_NOT_FOUND);

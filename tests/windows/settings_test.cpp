@@ -56,7 +56,6 @@ TEST_CASE("A text without its NUL is never read past its end") {
     CHECK(ReadSettingString(FALSE, "TestText", text, sizeof text));
     CHECK(std::string(text) == "four");
     CHECK_FALSE(ReadSettingString(FALSE, "TestText", text, 4));
-    CHECK(GetLastError() == ERROR_MORE_DATA);
     CHECK_FALSE(ReadSettingString(FALSE, "TestText", text, 0));
 }
 
