@@ -39,6 +39,12 @@ ErrorCode GetSizeOf(HANDLE file, uint64_t& size) {
     return 0;
 }
 
+ErrorCode SeekTo(HANDLE file, uint64_t position) {
+    LONG high = static_cast<LONG>(position >> 32);
+    const DWORD low = SetFilePointer(file, static_cast<LONG>(position & 0xFFFFFFFF), &high, FILE_BEGIN);
+    return low == INVALID_SET_FILE_POINTER ? GetLastError() : 0;
+}
+
 ErrorCode ReadWhole(HANDLE file, void* buffer, DWORD count) {
     DWORD transferred = 0;
     if (!ReadFile(file, buffer, count, &transferred, nullptr)) return lastError();

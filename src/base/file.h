@@ -26,6 +26,9 @@ ErrorCode OpenForReading(const char* path, OwnedFile& file);
 // The size of an open file, in bytes.
 ErrorCode GetSizeOf(HANDLE file, uint64_t& size);
 
+// Goes to a byte of the file, for reading and writing. The system's error.
+ErrorCode SeekTo(HANDLE file, uint64_t position);
+
 // Reads `count` bytes at the current position. The system's error, or ERROR_HANDLE_EOF when there are fewer.
 ErrorCode ReadWhole(HANDLE file, void* buffer, DWORD count);
 

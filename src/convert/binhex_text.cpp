@@ -1,5 +1,7 @@
 #include "convert/binhex_text.h"
 
+#include "base/file.h"
+
 #include <cstring>
 
 namespace tidewell {
@@ -46,11 +48,7 @@ ErrorCode decodePiece(BinHexText& text) {
 
 ErrorCode OpenBinHexText(HANDLE file, uint64_t size, const BinHexExtent& extent, BinHexMemory& memory,
                          BinHexText& text) {
-    LONG high = static_cast<LONG>(extent.start >> 32);
-    const auto low = static_cast<LONG>(extent.start & 0xFFFFFFFF);
-    if (SetFilePointer(file, low, &high, FILE_BEGIN) == INVALID_SET_FILE_POINTER &&
-        GetLastError() != NO_ERROR)
-        return GetLastError();
+    if (const ErrorCode error = SeekTo(file, extent.start)) return error;
     text.blocks = {file, extent.start, size, memory.block(), nullptr, nullptr};
     text.values = memory.values;
     text.next = text.end = text.begun = memory.values;

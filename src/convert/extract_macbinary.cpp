@@ -25,11 +25,9 @@ ErrorCode advance(ProgressDialog* progress, uint64_t amount) {
 // Copies `length` bytes at `offset` of the source into the file or fork at `path`, which it creates.
 ErrorCode CopyForkFromFile(HANDLE source, uint64_t offset, const char* path, DWORD length,
                            ExtractedFile& file, ProgressDialog* progress) {
-    LONG high = static_cast<LONG>(offset >> 32);
-    const DWORD position = SetFilePointer(source, static_cast<LONG>(offset & 0xFFFFFFFF), &high, FILE_BEGIN);
-    if (position == INVALID_SET_FILE_POINTER && GetLastError() != NO_ERROR) return GetLastError();
+    ErrorCode error = SeekTo(source, offset);
     OwnedFile fork;
-    ErrorCode error = OpenExtractedFork(path, file, fork);
+    if (error == 0) error = OpenExtractedFork(path, file, fork);
     if (error != 0) return error;
     error = CopyForkToFile(source, fork.get(), length, progress);
     const ErrorCode closed = CloseWritten(fork);

@@ -102,21 +102,16 @@ BOOL BuildMacBinaryHeader(const ForkPaths& paths, HANDLE dataFile, HANDLE resour
 BOOL WriteMacBinaryHeader(HANDLE file, MacBinaryHeader* header) {
     SwapFields(header, header, kMacBinaryFieldWidths);
     header->crc = MacBinaryCrc(header, offsetof(MacBinaryHeader, crc));
-    ErrorCode error = 0;
-    if (SetFilePointer(file, 0, nullptr, FILE_BEGIN) == INVALID_SET_FILE_POINTER) {
-        error = lastError();
-    } else {
-        error = WriteWhole(file, header, sizeof *header);
-    }
+    ErrorCode error = SeekTo(file, 0);
+    if (error == 0) error = WriteWhole(file, header, sizeof *header);
     SwapFields(header, header, kMacBinaryFieldWidths);
     return error == 0 ? 1 : failWith(error);
 }
 
 BOOL ReadMacBinaryHeader(HANDLE file, MacBinaryHeader* header) {
-    if (SetFilePointer(file, 0, nullptr, FILE_BEGIN) == INVALID_SET_FILE_POINTER)
-        return failWith(lastError());
     MacBinaryFileHeader fileHeader;
-    ErrorCode error = ReadWhole(file, &fileHeader, sizeof fileHeader);
+    ErrorCode error = SeekTo(file, 0);
+    if (error == 0) error = ReadWhole(file, &fileHeader, sizeof fileHeader);
     if (error == 0) error = checkHeader(fileHeader);
     if (error == 0) error = checkFileSize(file, fileHeader);
     if (error != 0) return failWith(error);

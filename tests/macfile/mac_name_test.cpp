@@ -47,6 +47,8 @@ Bytes requestOf(uint8_t operation, uint8_t form, size_t nameOffset, const Bytes&
     std::memcpy(request.data(), folder, sizeof folder);
     request[512] = operation;
     request[513] = form;
+    for (size_t i = 0; form == 0 && i < 4; ++i)
+        request[514 + i] = static_cast<uint8_t>(1 + i);  // what the caller said
     std::copy(name.begin(), name.end(), request.begin() + static_cast<int>(nameOffset));
     return request;
 }

@@ -20,8 +20,8 @@ MacNameBytes::MacNameBytes(const std::string& name) {
 Answer ask(MacNameOperation* operation, const std::string& folder, const std::string& macName,
            size_t capacity) {
     char path[520] = "";
-    const tidewell::ErrorCode error = operation(kindOf(folder), folder.c_str(), MacNameBytes(macName), 0,
-                                                path, static_cast<DWORD>(capacity));
+    const tidewell::ErrorCode error = operation(kindOf(folder), folder.c_str(), MacNameBytes(macName),
+                                                0x04030201, path, static_cast<DWORD>(capacity));
     return {error, error == 0 ? path : ""};
 }
 
