@@ -4,9 +4,10 @@
  * for that there is a type of each function, TidewellNAME.
  *
  * Paths are in the system's ANSI code page, full or relative to the program's current folder, and have up to
- * 519 bytes when they are full; ERROR_FILENAME_EXCED_RANGE (206) for longer ones. Results named ERROR_... are
- * Windows error codes, 0 for success; besides those told here a function returns the system's own error.
- * What a function asks and shows, it does on the thread that calls it.
+ * 519 bytes when they are full. ERROR_FILENAME_EXCED_RANGE (206) for longer ones, but for the source of a
+ * packing: there is none, then. Results named ERROR_... are Windows error codes, 0 for success; besides those
+ * told here a function returns the system's own error. What a function asks and shows, it does on the thread
+ * that calls it.
  */
 #ifndef TIDEWELL_H
 #define TIDEWELL_H

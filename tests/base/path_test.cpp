@@ -77,10 +77,18 @@ TEST_CASE("Sizes and short forms of paths") {
     char out[kPathCapacity];
     CHECK(GetShortPath("N:\\Long name.txt", out, 15) == 16);
     CHECK(GetShortPath("N:\\missing", out, sizeof out) == 0);
+    OwnedFile file;
+    REQUIRE(OpenForReading("N:\\Long name.txt", file) == 0);
+    CHECK(SeekTo(file.get(), 0x1FFFFFFFF) == 0);
+    CHECK(SeekTo(file.get(), 999) == 0);
+    char last = 0;
+    CHECK(ReadWhole(file.get(), &last, 1) == 0);
+    CHECK(static_cast<uint8_t>(last) == patternOf(1000)[999]);
     // A failed query is no size.
     pc.faults().failCall(2, ERROR_CRC);
     CHECK(GetFileSizeByPath("N:\\Long name.txt") == 0);
     CHECK(pc.faults().hitCall() == "GetFileSize");
+    file = {};
     CHECK(pc.nothingHeld());
 }
 
@@ -114,9 +122,10 @@ TEST_CASE("A path is made full, and loses no meaning with its prefix") {
 
 TEST_CASE("A path that does not fit is told") {
     TestPc pc;
-    for (const std::string prefix : {"", "\\\\?\\"}) {
+    for (const std::string start : {"F:\\", "\\\\?\\F:\\", "\\\\?\\UNC\\s\\"}) {
         for (const size_t beyond : {0u, 1u}) {
-            const std::string path = prefix + "F:\\" + std::string(kPathCapacity - 4 + beyond, 'a');
+            const size_t taken = start.ends_with("s\\") ? sizeof "\\\\s\\" : sizeof "F:\\";
+            const std::string path = start + std::string(kPathCapacity - taken + beyond, 'a');
             char full[kPathCapacity + 1];
             std::memset(full, '#', sizeof full);
             CHECK(GetFullPath(path.c_str(), full) == (beyond == 0 ? 0 : ERROR_FILENAME_EXCED_RANGE));

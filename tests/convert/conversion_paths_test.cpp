@@ -87,6 +87,7 @@ TEST_CASE("What cannot be converted, and where nothing can be put") {
         {pack, "X:\\missing", out, ERROR_INVALID_PARAMETER},
         {pack, "\\\\server\\share\\file", out, ERROR_INVALID_PARAMETER},
         {pack, "M:\\" + name, out, ERROR_INVALID_PARAMETER},
+        {pack, "M:\\" + name + name, out, ERROR_INVALID_PARAMETER},
         {pack, "M:\\folder", out, ERROR_ACCESS_DENIED},
         {pack, "M:\\file", "F:\\no folder\\out.bin", ERROR_PATH_NOT_FOUND},
         {pack, "M:\\file", "F:\\" + name, ERROR_FILENAME_EXCED_RANGE},
@@ -157,6 +158,14 @@ TEST_CASE("A path too long for a fork is told as one too long for the file, befo
             CHECK(pc.nothingHeld());
         }
     }
+    // On NT 3 may mean it, too; Windows 98 says that of every path below a file.
+    for (const pc::Platform platform : {pc::Platform::nt, pc::Platform::windows98}) {
+        TestPc pc(platform);
+        const std::string fork = "M:\\Test\\{4DD19183-ACE2-11CF-BBF2-444553540000}";
+        pc.faults().failAlways("GetFileAttributesA", fork, ERROR_PATH_NOT_FOUND);
+        CHECK(extractBytes(withName(".bin", "Test"), ".bin", "M:") ==
+              (platform == pc::Platform::nt ? ERROR_PATH_NOT_FOUND : 0));
+    }
 }
 
 TEST_CASE("A source never becomes its own output") {
@@ -207,9 +216,15 @@ TEST_CASE("Names that Windows takes for something else") {
         const char* file;  // that is made of it
     } names[] = {
         {"NUL", "NUL_"},
+        {"Con", "Con_"},
+        {"prn", "prn_"},
+        {"Clock$.x", "Clock$_.x"},
         {"lpt1.bin", "lpt1_.bin"},
+        {"com9", "com9_"},
+        {"com\xB3", "com\xB3_"},
         {"AUX .txt", "AUX_ .txt"},
         {"conin$", "conin$_"},
+        {"CONOUT$", "CONOUT$_"},
         {"lpt\xB2", "lpt\xB2_"},
         {"LPT\xB9", "LPT\xB9_"},
         {"COM0", "COM0"},
@@ -235,6 +250,8 @@ TEST_CASE("Names that Windows takes for something else") {
     pc.setCodePage(932);
     CHECK(extractBytes(withName(".bin", "Resum\x8E. "), ".bin", "N:") == 0);
     CHECK(readMacFile("N:\\Resum_").resource == kFile.resource);
+    CHECK(extractBytes(withName(".bin", "\x93\xFA"), ".bin", "N:") == 0);
+    CHECK(exists("N:\\\x93\xFA"));
 }
 
 TEST_CASE("A name that begins with NUL is none, and nobody is asked") {

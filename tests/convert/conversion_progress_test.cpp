@@ -87,6 +87,13 @@ TEST_CASE("The clock stands still during the question") {
             CHECK(scriptedUser.shows == 1);
         }
     }
+    // Who has cancelled is asked nothing.
+    TestPc pc;
+    kMacBinary.writeSource(kFile);
+    writeFile(kMacBinary.output, bytesOf("old"));
+    scriptedUser.cancelAtServe = 1;
+    CHECK(kMacBinary.runShown() == ERROR_CANCELLED);
+    CHECK(scriptedUser.asked == 0);
 }
 
 TEST_CASE("A caller within the program learns what was written, and nothing of what was kept") {

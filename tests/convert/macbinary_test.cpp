@@ -7,6 +7,8 @@
 
 #include <doctest/doctest.h>
 
+#include <cstring>
+
 using namespace tidewell;
 
 namespace {
@@ -65,6 +67,8 @@ TEST_CASE("What the looks at a source tell: nothing to pack, no volume for it, o
         {"GetFileAttributesA", "N:\\file:AFP_AfpInfo", ERROR_FILE_NOT_FOUND, 0},
         {"GetFileAttributesA", "N:\\file:AFP_AfpInfo", ERROR_PATH_NOT_FOUND, 0},
         {"GetFileAttributesA", "N:\\file:AFP_AfpInfo", ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED},
+        {"GetFileAttributesA", "N:\\file", ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED},
+        {"CreateFileA", "N:\\file:AFP_Resource", ERROR_NOT_READY, ERROR_NOT_READY},
         {"GetShortPathNameA", "N:\\file", ERROR_NOT_READY, ERROR_NOT_READY},
         {"GetShortPathNameA", "N:\\file", ERROR_BAD_NETPATH, ERROR_INVALID_PARAMETER},
         {"GetVolumeInformationA", "N:\\", ERROR_BAD_NETPATH, ERROR_BAD_NETPATH},
@@ -76,6 +80,35 @@ TEST_CASE("What the looks at a source tell: nothing to pack, no volume for it, o
         pc.faults().failAlways(row.call, row.path, row.look);
         CHECK(createFrom("N:\\file") == row.error);
         CHECK(!exists(kOutput));
+    }
+    // Windows 95 and 98 leave it to the driver.
+    TestPc windows98(pc::Platform::windows98);
+    writeMacFile("M:\\file", {});
+    windows98.faults().failAlways("GetFileAttributesA", ForkPathsOf("M:\\file").finderInfoPath, ERROR_CRC);
+    CHECK(createFrom("M:\\file") == 0);
+}
+
+TEST_CASE("A name that no Mac has room for is cut") {
+    TestPc pc;
+    writeMacFile("M:\\file", {});
+    writeFile("F:\\record", Bytes(sizeof(MacVolumeInfo), 0xFF));
+    ForkPathsOf paths("M:\\file");
+    std::strcpy(paths.finderInfoPath, "F:\\record");
+    OwnedFile data;
+    REQUIRE(OpenForReading("M:\\file", data) == 0);
+    MacBinaryHeader header;
+    REQUIRE(BuildMacBinaryHeader(paths, data.get(), INVALID_HANDLE_VALUE, &header));
+    CHECK(header.nameLength == 31);
+    // NTFS may be without 8.3 names.
+    pc.setCodePage(932);
+    const std::string one(30, 'n');
+    for (const std::string& name : {one + "n", one + "nn", one + "\x93\xFA"}) {
+        writeMacFile("N:\\" + name, {});
+        ForkPathBuffers kept;
+        std::strcpy(kept.dataPath, ("N:\\" + name).c_str());
+        GetForkPaths(kept.dataPath, kept);
+        REQUIRE(BuildMacBinaryHeader(kept, data.get(), INVALID_HANDLE_VALUE, &header));
+        CHECK(header.nameLength == (name[30] == 'n' ? 31 : 30));
     }
 }
 

@@ -82,16 +82,34 @@ TEST_CASE("Of a driver's record everything else is as the driver has it at the e
     wanted = without(wanted, 533, 521, 2);
     std::memcpy(&wanted[523], "ABCD", 4);
     CHECK(readFile(recordPath) == wanted);
+
+    paths.kind = VolumeKindOther;
+    CHECK(!WriteFinderInfoFromHeader(paths, had, header));
+    CHECK(GetLastError() == ERROR_INVALID_PARAMETER);
 }
 
-TEST_CASE("Finder information that cannot be read stops an extraction before the file is touched") {
+TEST_CASE("Mac information whose file is gone is kept like that of a file") {
+    TestPc pc;
+    writeMacFile("M:\\Test", {});
+    pc.folder().remove("M/Test");
+    CHECK(extractBytes(macBinaryFile({kBare}), ".bin", "M:") == 0);
+    CHECK(readMacFile("M:\\Test").type == MacFile{}.type);
+}
+
+TEST_CASE("What cannot be looked at stops an extraction before the file is touched") {
     for (const std::string path : {"M:\\Test", "N:\\Test"}) {
-        TestPc pc;
-        const MacFile had = {.data = patternOf(9), .resource = patternOf(3)};
-        writeMacFile(path, had);
-        pc.faults().failAlways("ReadFile", ForkPathsOf(path).finderInfoPath, ERROR_CRC);
-        CHECK(extractBytes(macBinaryFile({kBare}), ".bin", path.substr(0, 2)) == ERROR_CRC);
-        pc.faults().clear();
-        CHECK(readMacFile(path) == keptOn(path[0], had));
+        for (const char* const call : {"ReadFile", "CreateFileA", "GetFileAttributesA"}) {
+            TestPc pc;
+            const MacFile had = {.data = patternOf(9), .resource = patternOf(3)};
+            writeMacFile(path, had);
+            // The driver finds its files itself.
+            const bool look = call[0] == 'G';
+            if (look && path[0] == 'M') continue;
+            pc.faults().failAlways(call, look ? path : ForkPathsOf(path).finderInfoPath, ERROR_NOT_READY);
+            const ErrorCode error = extractBytes(macBinaryFile({kBare}), ".bin", path.substr(0, 2));
+            CHECK_MESSAGE(error == ERROR_NOT_READY, call);
+            pc.faults().clear();
+            CHECK(readMacFile(path) == keptOn(path[0], had));
+        }
     }
 }

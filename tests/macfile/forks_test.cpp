@@ -100,6 +100,9 @@ TEST_CASE("The kind of a volume") {
     CHECK(kindOf("M:\\") == "1");
     CHECK(kindOf("F:\\" + std::string(300, 'd')) == "0");
     CHECK(kindOf("Mouse") == "0");
+    pc.folder().makeFolder("M/Folder");
+    pc.setCurrentFolder("M:\\");
+    CHECK(kindOf("Folder") == "1");
     CHECK(kindOf("\\\\server\\share") == "0");
     CHECK(GetVolumeKind("N:\\") == VolumeKindNtfs);
     // A Mac volume is one whose root has a Finder information that is not empty.

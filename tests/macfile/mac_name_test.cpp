@@ -109,7 +109,13 @@ TEST_CASE_FIXTURE(RecordingPc,
     driver->creating = [this] { folder().write("M/Work/Sub/Shown", ""); };
     CHECK(ask(CreateMacNamedFile, "M:\\Work\\Sub", "a/b") == shown);
     CHECK(driver->request == requestOf(0, 0, 518, {3, 'a', '/', 'b'}));
-    CHECK(askUnicode("M:\\Work\\Sub", u"a\u65E5") == shown);
+    {
+        // Another program's.
+        const OwnedFile other(CreateFileA("\\\\.\\TIDEWELL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                          nullptr, OPEN_EXISTING, 0, nullptr));
+        CHECK(other);
+        CHECK(askUnicode("M:\\Work\\Sub", u"a\u65E5") == shown);
+    }
     CHECK(driver->request == requestOf(1, 1, 514, {2, 0, 'a', 0, 0xE5, 0x65}));
     CHECK(nothingHeld());
 
@@ -166,6 +172,10 @@ TEST_CASE_FIXTURE(RecordingPc, "A file that the driver made, but no path can nam
         CHECK(folder().names("M/Work/Sub").size() == 1);
         folder().remove("M/Work/Sub/" + row.hostName);
     }
+    driver->name = u"\u221E";
+    driver->creating = [&] { folder().write("M/\u221E", ""); };
+    CHECK(ask(CreateMacNamedFile, "M:\\", "a").error == ERROR_INVALID_NAME);
+    CHECK(journal().countOn("DeleteFileW", "\\\\?\\M:\\?") == 1);
 }
 
 TEST_CASE("Names on Mac volumes are in the PC's code page, and need the driver") {

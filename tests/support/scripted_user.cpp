@@ -27,8 +27,9 @@ LRESULT setIcon(ProgressDialog&, HICON icon) {
     return reinterpret_cast<LRESULT>(icon);
 }
 
-void setText(ProgressDialog&, const char* line1, const char*) {
+void setText(ProgressDialog&, const char* line1, const char* line2) {
     if (line1) scriptedUser.line1 = line1;
+    if (line2) scriptedUser.line2 = line2;
 }
 
 void setRange(ProgressDialog&, uint16_t range) {

@@ -24,7 +24,7 @@ struct ScriptedUser {
     int asked = 0;
     bool several = false;           // files follow, said the last question
     uint32_t pausesAtQuestion = 0;  // of the progress that was shown during the last question
-    std::string line1;
+    std::string line1, line2;
     std::vector<uint16_t> ranges;
     std::vector<uint16_t> positions;
     int shows = 0;
