@@ -86,6 +86,8 @@ ErrorCode FindMacFile(const char* sourcePath, ForkPaths& paths) {
 }
 
 ErrorCode PackMacFile(const char* sourcePath, const char* outputPath, ProgressDialog* progress) {
+    // A fork is no file with forks of its own; its Finder information would be its folder's.
+    if (IsForkPath(sourcePath)) return ERROR_INVALID_NAME;
     ForkPathBuffers paths;
     ErrorCode error = FindMacFile(sourcePath, paths);
     if (error != 0) return error == ERROR_FILE_NOT_FOUND ? 0 : error;

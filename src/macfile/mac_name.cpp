@@ -124,7 +124,8 @@ ErrorCode askDriverForMacName(MacNameOperation operation, const char* folder, co
 
 ErrorCode replacedPath(const char* folder, const uint8_t* macName, char* outPath, DWORD capacity) {
     const DWORD length = GetShortPath(folder, outPath, capacity);
-    if (length == 0) return lastError();
+    // The folder, and not a file in it that could be made.
+    if (length == 0) return GetLastError() == ERROR_FILE_NOT_FOUND ? ERROR_PATH_NOT_FOUND : lastError();
     if (length >= capacity) return ERROR_INSUFFICIENT_BUFFER;
     char name[kNameCapacity];
     if (!MacNameToWindowsName(macName, name, sizeof name)) return lastError();

@@ -89,6 +89,7 @@ TEST_CASE("What cannot be converted, and where nothing can be put") {
         {pack, "M:\\" + name, out, ERROR_INVALID_PARAMETER},
         {pack, "M:\\" + name + name, out, ERROR_INVALID_PARAMETER},
         {pack, "M:\\folder", out, ERROR_ACCESS_DENIED},
+        {pack, "M:\\{4DD19184-ACE2-11CF-BBF2-444553540000}", out, ERROR_INVALID_NAME},
         {pack, "M:\\file", "F:\\no folder\\out.bin", ERROR_PATH_NOT_FOUND},
         {pack, "M:\\file", "F:\\" + name, ERROR_FILENAME_EXCED_RANGE},
         {pack, "M:\\file", out, ERROR_DISK_FULL},

@@ -66,7 +66,7 @@ TEST_CASE("Names outside Mac volumes: forbidden characters become _") {
         CHECK(ask(LookUpMacName, drive, "1:2\\3|4?") == made);
         CHECK(ask(CreateMacNamedFile, drive, "1*2_3_4_") == made);
         CHECK(readFile(made.path) == bytesOf("kept"));
-        CHECK(ask(LookUpMacName, drive + "None", "a").error == ERROR_FILE_NOT_FOUND);
+        CHECK(ask(LookUpMacName, drive + "None", "a").error == ERROR_PATH_NOT_FOUND);
         CHECK(askUnicode(drive, u"Read").error == ERROR_INVALID_FUNCTION);
         // Bytes of the Mac's character set stay, and read as other characters.
         CHECK(ask(CreateMacNamedFile, drive, "\x81ngstr\x9Am").path == drive + "\x81ngstr\x9Am");

@@ -121,7 +121,11 @@ TEST_CASE_FIXTURE(MacFile, "damaged files give 1392 and are left alone") {
     const auto with = [&](size_t offset, const std::string& bytes) {
         return std::string(sound).replace(offset, bytes.size(), bytes);
     };
+    std::vector<RawEntry> entries;
+    for (uint32_t id = 100; id <= 1100; ++id)
+        entries.push_back({id, 0, 0});
     for (const std::string& damaged : {
+             appleDoubleHeader(entries),
              sound.substr(0, 25),          // shorter than the fixed part
              sound.substr(0, 49),          // shorter than its entries
              sound.substr(0, 85),          // cut within an entry

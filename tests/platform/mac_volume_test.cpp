@@ -53,6 +53,23 @@ TEST_CASE_FIXTURE(MacFolder, "what can be opened of what there is and is not") {
     CHECK(contentsOf(*volume, "s\uF021\\t\uF021") == "1");
 }
 
+TEST_CASE_FIXTURE(MacFolder, "what the host cannot keep is told when a file is closed, too") {
+    folder.write("a", "");
+    for (const std::string& part : {kFork, kInfo}) {
+        pc::Opened writer;
+        REQUIRE(openFile(*volume, "a" + part, part == kFork ? createAlways : openExisting, writer) == 0);
+        REQUIRE(changeFinderInfo(*volume, "a", std::string(16, part[8])) == 0);
+        REQUIRE(writer.file->flush() == 0);
+        folder.memory().failCloses(112);
+        CHECK(writer.file->close() == 112);
+        folder.memory().failCloses(0);
+    }
+    folder.memory().failCloses(112);
+    folder.write("b", "");
+    CHECK(openError(*volume, "b" + kFork, createAlways) == 112);
+    CHECK(folder.names() == Names{"._a", "a", "b"});
+}
+
 TEST_CASE_FIXTURE(MacFolder, "forks and settings changed through several open files agree") {
     REQUIRE(writeFile(*volume, "a", "") == 0);
     pc::Opened writer, reader;

@@ -179,7 +179,8 @@ Error AppleDouble::rewrite(const std::vector<AppleDoubleEdit>& edits, const Reso
     error = fill(*file, layout, edits);
     // The old file must not go before the host's disk has the new one.
     if (error == 0 && exists()) error = file->flush();
-    file.reset();
+    const Error closed = file->close();
+    if (error == 0) error = closed;
     if (error == 0) error = putInPlace(temporary);
     if (error != 0) host_.discard(temporary);
     return error;
@@ -255,6 +256,10 @@ Error AppleDouble::flush() {
     if (!exists()) return 0;
     const Error error = openForWriting();
     return error == 0 ? file_->flush() : error;
+}
+
+Error AppleDouble::close() {
+    return writable_ ? file_->close() : 0;
 }
 
 }  // namespace pc

@@ -47,6 +47,8 @@ class AppleDouble {
     Error writeResource(uint64_t offset, const void* buffer, size_t count);
     Error resizeResource(uint64_t bytes);
     Error flush();
+    // Tells of what the host could not keep of the bytes it had taken. Nothing else is asked of the object.
+    Error close();
 
     // The file was deleted.
     void forget();

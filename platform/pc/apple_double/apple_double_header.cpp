@@ -23,6 +23,9 @@ struct RawHeader {
 };
 static_assert(sizeof(RawHeader) == AppleDoubleHeader::kFixedSize);
 
+// Programs write a handful. Each takes memory and is compared with all others.
+constexpr size_t kMostEntries = 1000;
+
 struct RawEntry {
     tidewell::Be<uint32_t> id, offset, length;
 };
@@ -80,7 +83,7 @@ Error readAppleDoubleCount(const std::array<uint8_t, AppleDoubleHeader::kFixedSi
     std::memcpy(&raw, fixed.data(), sizeof raw);
     if (raw.magic != kMagic || raw.version != kVersion) return ERROR_FILE_CORRUPT;
     count = raw.count;
-    return 0;
+    return count <= kMostEntries ? 0 : ERROR_FILE_CORRUPT;
 }
 
 Error parseAppleDouble(const std::vector<uint8_t>& bytes, uint64_t fileSize, AppleDoubleHeader& header) {

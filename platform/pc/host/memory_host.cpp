@@ -96,6 +96,7 @@ class MemoryFile final : public HostFile {
         host_.flush(node_);
         return 0;
     }
+    Error close() override { return access_.write ? host_.closeError_ : 0; }
     Error status(HostStatus& status) const override {
         node_->status(status);
         return 0;

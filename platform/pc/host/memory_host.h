@@ -30,6 +30,8 @@ class MemoryHost final : public Host {
     Error link(const std::string& existing, const std::string& path);
     Error setWritable(const std::string& path, bool writable);
     void flushAll();
+    // The host tells only when a file that was written to is closed that it could not keep it; 0: no more.
+    void failCloses(Error error) { closeError_ = error; }
 
   private:
     friend class MemoryFile;
@@ -52,6 +54,7 @@ class MemoryHost final : public Host {
     void forEachFolder(Action action);
 
     NodeRef root_;
+    Error closeError_ = 0;
 };
 
 }  // namespace pc

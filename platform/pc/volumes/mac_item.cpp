@@ -140,6 +140,11 @@ Error keepSettings(const MacItem& item, const FinderSettings& settings, AppleDou
     return edits.empty() ? 0 : store.edit(edits, item.path);
 }
 
+// The last of those who have the file open closes it.
+Error closeLast(const std::shared_ptr<AppleDouble>& store) {
+    return store.use_count() == 1 ? store->close() : 0;
+}
+
 class ResourceForkFile final : public File {
   public:
     explicit ResourceForkFile(std::shared_ptr<AppleDouble> store) : store_(std::move(store)) {}
@@ -156,6 +161,7 @@ class ResourceForkFile final : public File {
     }
     Error setSize(uint64_t bytes) override { return store_->resizeResource(bytes); }
     Error flush() override { return store_->flush(); }
+    Error close() override { return closeLast(store_); }
 
   private:
     std::shared_ptr<AppleDouble> store_;
@@ -199,6 +205,7 @@ class FinderInfoFile final : public File {
     }
     Error setSize(uint64_t bytes) override { return bytes == sizeof record_ ? 0 : ERROR_INVALID_PARAMETER; }
     Error flush() override { return flush_ == FinderFlush::toDisk ? store_->flush() : 0; }
+    Error close() override { return closeLast(store_); }
 
   private:
     Host& host_;
