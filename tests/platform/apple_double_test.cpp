@@ -125,17 +125,16 @@ TEST_CASE_FIXTURE(MacFile, "damaged files give 1392 and are left alone") {
     for (uint32_t id = 100; id <= 1100; ++id)
         entries.push_back({id, 0, 0});
     for (const std::string& damaged : {
-             appleDoubleHeader(entries),
-             sound.substr(0, 25),          // shorter than the fixed part
-             sound.substr(0, 49),          // shorter than its entries
-             sound.substr(0, 85),          // cut within an entry
-             with(0, big32(0x00051600)),   // other magic number
-             with(4, big32(0x00010000)),   // other version
-             with(38, big32(9)),           // same identifier twice
-             with(42, big32(87)),          // offset behind the end
-             with(46, big32(0xFFFFFFFC)),  // length near 4 GB
-             with(42, big32(49)),          // entry in the header
-             with(42, big32(60)),          // entry within another
+             appleDoubleHeader(entries), sound.substr(0, 25),  // shorter than the fixed part
+             sound.substr(0, 49),                              // shorter than its entries
+             sound.substr(0, 85),                              // cut within an entry
+             with(0, big32(0x00051600)),                       // other magic number
+             with(4, big32(0x00010000)),                       // other version
+             with(38, big32(9)),                               // same identifier twice
+             with(42, big32(87)),                              // offset behind the end
+             with(46, big32(0xFFFFFFFC)),                      // length near 4 GB
+             with(42, big32(49)),                              // entry in the header
+             with(42, big32(60)),                              // entry within another
          }) {
         CAPTURE(damaged);
         folder.write("._a", damaged);
