@@ -5,6 +5,7 @@
 #include <doctest/doctest.h>
 
 #include <cstring>
+#include <vector>
 
 using namespace tidewell;
 
@@ -122,7 +123,12 @@ TEST_CASE("A path is made full, and loses no meaning with its prefix") {
 
 TEST_CASE("A path that does not fit is told") {
     TestPc pc;
-    for (const std::string start : {"F:\\", "\\\\?\\F:\\", "\\\\?\\UNC\\s\\"}) {
+    std::vector<std::string> starts = {"F:\\", "\\\\?\\F:\\"};
+#ifndef _WIN32
+    // Windows itself looks at those of servers, and need not take long ones.
+    starts.push_back("\\\\?\\UNC\\s\\");
+#endif
+    for (const std::string& start : starts) {
         for (const size_t beyond : {0u, 1u}) {
             const size_t taken = start.ends_with("s\\") ? sizeof "\\\\s\\" : sizeof "F:\\";
             const std::string path = start + std::string(kPathCapacity - taken + beyond, 'a');

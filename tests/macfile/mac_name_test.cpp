@@ -172,8 +172,8 @@ TEST_CASE_FIXTURE(RecordingPc, "A file that the driver made, but no path can nam
         CHECK(folder().names("M/Work/Sub").size() == 1);
         folder().remove("M/Work/Sub/" + row.hostName);
     }
-    driver->name = u"\u221E";
-    driver->creating = [&] { folder().write("M/\u221E", ""); };
+    driver->name = u"\u65E5";
+    driver->creating = [&] { folder().write("M/\u65E5", ""); };
     CHECK(ask(CreateMacNamedFile, "M:\\", "a").error == ERROR_INVALID_NAME);
     CHECK(journal().countOn("DeleteFileW", "\\\\?\\M:\\?") == 1);
 }
