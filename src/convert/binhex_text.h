@@ -8,13 +8,13 @@ namespace tidewell {
 
 struct BinHexText {
     BinHexBlocks blocks;
-    uint8_t* values;         // of the block's characters; the bytes take their place
-    const uint8_t* next;     // the bytes that nobody has taken yet ...
-    const uint8_t* end;      // ... end here
-    const uint8_t* begun;    // the values of a group that the block only begins
-    size_t begunCount = 0;   // up to 3
-    uint64_t undecoded = 0;  // bytes behind `end`
-    bool ended = false;      // the text's last byte is before `end`
+    uint8_t* values;        // of the block's characters; the bytes take their place
+    const uint8_t* next;    // the bytes that nobody has taken yet ...
+    const uint8_t* end;     // ... end here
+    const uint8_t* begun;   // the values of a group that the block only begins
+    size_t begunCount = 0;  // up to 3
+    uint64_t undecoded;     // bytes behind `end`
+    bool ended = false;     // the text's last byte is before `end`
 };
 
 // Goes to the start of the text for its decoding. The system's error.

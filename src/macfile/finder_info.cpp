@@ -12,15 +12,20 @@ DWORD sizeOf(VolumeKind kind) {
     return kind == VolumeKindMac ? sizeof(MacVolumeInfo) : sizeof(AfpInfo);
 }
 
+ErrorCode read(const ForkPaths& paths, FinderInfoRecord& record) {
+    OwnedFile file;
+    const ErrorCode error = OpenForReading(paths.finderInfoPath, file);
+    return error != 0 ? error : ReadWhole(file.get(), &record.mac, sizeOf(paths.kind));
+}
+
 }  // namespace
 
 BOOL ReadFinderInfo(const ForkPaths& paths, FinderInfoRecord* record) {
     std::memset(static_cast<void*>(record), 0, sizeof *record);
     record->kind = paths.kind;
     if (paths.kind == VolumeKindOther) return failWith(ERROR_INVALID_PARAMETER);
-    OwnedFile file;
-    ErrorCode error = OpenForReading(paths.finderInfoPath, file);
-    if (error == 0) error = ReadWhole(file.get(), &record->mac, sizeOf(paths.kind));
+    // The file is closed before the error is left: a call that succeeds may change it, too.
+    const ErrorCode error = read(paths, *record);
     return error == 0 ? 1 : failWith(error);
 }
 

@@ -25,12 +25,28 @@ bool isFolder(const char* path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
+ErrorCode read(BOOL perUser, const char* name, char* buffer, DWORD size) {
+    RegistryKey key;
+    const ErrorCode result = openSettings(perUser, KEY_QUERY_VALUE, key);
+    return result == 0 ? QueryRegistryText(key, name, buffer, size) : result;
+}
+
+ErrorCode write(BOOL perUser, const char* name, const char* text) {
+    HKEY created = nullptr;
+    const LONG result = RegCreateKeyExA(rootOf(perUser), kSettingsKey, 0, nullptr, REG_OPTION_NON_VOLATILE,
+                                        KEY_WRITE, nullptr, &created, nullptr);
+    if (result != 0) return static_cast<ErrorCode>(result);
+    const RegistryKey key(created);
+    return static_cast<ErrorCode>(RegSetValueExA(key.get(), name, 0, REG_SZ,
+                                                 reinterpret_cast<const BYTE*>(text),
+                                                 static_cast<DWORD>(lstrlenA(text)) + 1));
+}
+
 }  // namespace
 
+// The key is closed before the error is left: a call that succeeds may change it, too.
 BOOL ReadSettingString(BOOL perUser, const char* name, char* buffer, DWORD size) {
-    RegistryKey key;
-    ErrorCode result = openSettings(perUser, KEY_QUERY_VALUE, key);
-    if (result == 0) result = QueryRegistryText(key, name, buffer, size);
+    const ErrorCode result = read(perUser, name, buffer, size);
     return result == 0 ? 1 : failWith(result);
 }
 
@@ -41,15 +57,7 @@ BOOL ReadSettingFolder(BOOL perUser, const char* name, char* buffer, DWORD size)
 }
 
 BOOL WriteSettingString(BOOL perUser, const char* name, const char* text) {
-    HKEY created = nullptr;
-    auto result = static_cast<ErrorCode>(RegCreateKeyExA(rootOf(perUser), kSettingsKey, 0, nullptr,
-                                                         REG_OPTION_NON_VOLATILE, KEY_WRITE, nullptr,
-                                                         &created, nullptr));
-    if (result != 0) return failWith(result);
-    const RegistryKey key(created);
-    result =
-        static_cast<ErrorCode>(RegSetValueExA(key.get(), name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text),
-                                              static_cast<DWORD>(lstrlenA(text)) + 1));
+    const ErrorCode result = write(perUser, name, text);
     return result == 0 ? 1 : failWith(result);
 }
 

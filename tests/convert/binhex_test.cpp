@@ -141,6 +141,21 @@ TEST_CASE("Cut or damaged anywhere, a BinHex file is met with the code that the 
     }
 }
 
+TEST_CASE("The bits of a last character that is missing are zero") {
+    int found = 0;
+    for (unsigned seed = 0; seed < 500; ++seed) {
+        const Bytes runs = binHexRuns(binHexSections({{.data = patternOf(100 + seed % 7, seed)}}));
+        if (runs.size() % 3 != 0 || runs.back() % 64 != 0) continue;
+        std::string text = binHexText(runs);
+        text.erase(text.find_last_of('!'), 1);
+        const Bytes file = bytesOf(kBinHexMarker + text);
+        CHECK(answerToBinHex(file).error == 0);
+        checkAnswer(file);
+        ++found;
+    }
+    CHECK(found != 0);
+}
+
 TEST_CASE("What a text has at the end of a block") {
     // Each place of a marker, and many behind it, comes to be the last of the first block.
     for (const char* const marker : {kBinHexMarker, kJapaneseBinHexMarker}) {

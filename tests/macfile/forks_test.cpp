@@ -77,7 +77,7 @@ TEST_CASE("A part whose path does not fit is not available") {
 
     ForkPathBuffers tight;
     tight.dataLength = 7;
-    GetForkPaths("M:\\file", tight);
+    CHECK(FindForkPaths("M:\\file", tight) == ERROR_FILENAME_EXCED_RANGE);
     CHECK(tight.dataLength == 0);
     CHECK(tight.dataPath[0] == '\0');
     CHECK(tight.finderInfoLength == 0);

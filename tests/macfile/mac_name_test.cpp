@@ -1,5 +1,6 @@
 #include "macfile/mac_name.h"
 
+#include "macfile/driver.h"
 #include "support/mac_names.h"
 #include "support/test_pc.h"
 
@@ -119,6 +120,16 @@ TEST_CASE_FIXTURE(RecordingPc,
     CHECK(driver->request == requestOf(1, 1, 514, {2, 0, 'a', 0, 0xE5, 0x65}));
     CHECK(nothingHeld());
 
+    {
+        OwnedFile device;
+        REQUIRE(OpenMacDriver(device) == 0);
+        Bytes reply(513);
+        DWORD returned = 0;
+        const Bytes request = driver->request;
+        CHECK(SendDriverRequest(device.get(), 0x00222033, request.data(), 1026, reply.data(), 513,
+                                &returned) == 0);
+        CHECK(returned == 513);
+    }
     CHECK(ask(LookUpMacName, "M:\\Work\\", "a").path == "M:\\Work\\Shown");
     CHECK(ask(LookUpMacName, "M:\\", "a").path == "M:\\Shown");
     CHECK(askUnicode("M:\\", std::u16string(255, u'x')).error == 0);
