@@ -37,7 +37,7 @@ bool IsAdministrator() {
     const Owned<TokenTraits> token(opened);
 
     alignas(TOKEN_GROUPS) BYTE buffer[kGroupsCapacity];
-    DWORD size = 0;
+    DWORD size = sizeof buffer;
     if (!GetTokenInformation(token.get(), TokenGroups, buffer, sizeof buffer, &size)) return false;
     const Owned<SidTraits> administrators = administratorsSid();
     if (!administrators) return false;

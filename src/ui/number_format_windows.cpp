@@ -9,19 +9,18 @@ namespace tidewell {
 namespace {
 
 constexpr int kNumberCapacity = 128;
-constexpr int kSeparatorCapacity = 16;
-constexpr int kGroupingCapacity = 16;
+constexpr int kLocaleCapacity = 16;  // of a separator, or the grouping
 // Without it a zero alone would leave nothing.
 constexpr UINT kLeadingZero = 1;
 constexpr UINT kMinusBeforeNumber = 1;
 
 struct LocaleNumbers {
     UINT grouping = 0;
-    char decimal[kSeparatorCapacity] = ".";
-    char thousands[kSeparatorCapacity] = ",";
+    char decimal[kLocaleCapacity] = ".";
+    char thousands[kLocaleCapacity] = ",";
 
     LocaleNumbers() {
-        char groups[kGroupingCapacity] = "";
+        char groups[kLocaleCapacity] = "";
         GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SGROUPING, groups, sizeof groups);
         // One digit, and what more groups there are behind it.
         if (*groups >= '0' && *groups <= '9') grouping = static_cast<UINT>(*groups - '0');

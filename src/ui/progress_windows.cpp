@@ -44,7 +44,8 @@ void showControl(HWND window, int id) {
 }
 
 void addFootMargin(HWND window) {
-    RECT margin = {0, 0, 0, kFootMargin};
+    RECT margin = {};
+    margin.bottom = kFootMargin;
     MapDialogRect(window, &margin);
     GrowWindow(window, margin.bottom);
 }

@@ -64,7 +64,7 @@ BOOL WriteSettingString(BOOL perUser, const char* name, const char* text) {
 DWORD ReadSettingDword(const char* name, DWORD fallback) {
     RegistryKey key;
     ErrorCode result = openSettings(FALSE, KEY_READ, key);
-    DWORD value = 0;
+    DWORD value = fallback;
     DWORD stored = 0;
     if (result == 0) result = QueryRegistryValue(key, name, &value, sizeof value, &stored);
     return result == 0 && stored == sizeof value ? value : fallback;
