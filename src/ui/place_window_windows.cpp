@@ -1,5 +1,7 @@
 #include "ui/place_window.h"
 
+#include <algorithm>
+
 namespace tidewell {
 
 namespace {
@@ -18,17 +20,13 @@ POINT placeWithoutCascade(HWND window, const RECT& desktop) {
 
 // So far that the next window's client area begins where this one's did: its caption is seen.
 POINT cascadeStep(HWND window, const RECT& frame) {
-    POINT client = {0, 0};
+    POINT client = {};
     ClientToScreen(window, &client);
     return {client.x - frame.left + 1, client.y - frame.top + 1};
 }
 
 void moveTo(HWND window, LONG x, LONG y, UINT flags) {
     SetWindowPos(window, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | flags);
-}
-
-LONG within(LONG position, LONG size, LONG limit) {
-    return position + size > limit ? limit - size : position;
 }
 
 }  // namespace
@@ -45,9 +43,9 @@ void PlaceWindow(HWND window, int cascadeIndex) {
         place.x += cascadeIndex * step.x;
         place.y += cascadeIndex * step.y;
     }
-    place.x = within(place.x, frame.right - frame.left, desktop.right);
-    place.y = within(place.y, frame.bottom - frame.top, desktop.bottom);
-    moveTo(window, place.x, place.y, SWP_NOREDRAW);
+    const LONG rightmost = desktop.right - (frame.right - frame.left);
+    const LONG lowest = desktop.bottom - (frame.bottom - frame.top);
+    moveTo(window, std::min(place.x, rightmost), std::min(place.y, lowest), SWP_NOREDRAW);
 }
 
 void CentreWindow(HWND window) {

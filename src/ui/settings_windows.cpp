@@ -65,7 +65,7 @@ DWORD ReadSettingDword(const char* name, DWORD fallback) {
     RegistryKey key;
     ErrorCode result = openSettings(FALSE, KEY_READ, key);
     DWORD value = fallback;
-    DWORD stored = 0;
+    DWORD stored = sizeof value;
     if (result == 0) result = QueryRegistryValue(key, name, &value, sizeof value, &stored);
     return result == 0 && stored == sizeof value ? value : fallback;
 }

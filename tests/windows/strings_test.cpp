@@ -157,6 +157,11 @@ TEST_CASE_FIXTURE(ModuleState, "Without memory there is no string, no text is se
     for (const int allocation : {1, 2})
         CHECK(fails(allocation, [] { return LoadStringAlloc(kOneString, 1) == nullptr; }));
     CHECK(fails(1, [] { return LoadStringList(IDS_SIZE_UNITS) == nullptr; }));
+    // A string that has the first buffer's room needs no second.
+    onlyString.resize(253);
+    failingAllocation = 2;
+    CHECK(stringOf(kOneString, 1) == onlyString);
+    failingAllocation = 0;
     CHECK(fails(1, [&] { return !SetWindowTextFromString(window.label, IDS_CLOSE); }));
     CHECK(fails(1, [&] { return !FormatWindowText(window, 7, "x"); }));
     CHECK(GetLastError() == ERROR_NOT_ENOUGH_MEMORY);
