@@ -83,7 +83,7 @@ DWORD FormatSize(uint64_t value, char* buffer, DWORD bufferSize, BOOL withUnit) 
 }
 
 BOOL SetDlgItemSize(HWND dialog, int controlId, uint64_t value) {
-    char text[2 * kNumberCapacity + sizeof " ()"] = "";
+    char text[2 * kNumberCapacity + 4] = "";
     char bytes[kNumberCapacity] = "";
     FormatSize(value, text, kNumberCapacity, TRUE);
     FormatSize(value, bytes, sizeof bytes, FALSE);
