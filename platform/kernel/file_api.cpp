@@ -63,7 +63,7 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES
     HANDLE handle = INVALID_HANDLE_VALUE;
     pc::Error error = call.fault();
     // Windows 95 and 98 know of no other sharing.
-    if ((share & ~(FILE_SHARE_READ | FILE_SHARE_WRITE)) != 0) error = ERROR_INVALID_PARAMETER;
+    if (error == 0 && (share & ~(FILE_SHARE_READ | FILE_SHARE_WRITE)) != 0) error = ERROR_INVALID_PARAMETER;
     if (error == 0) error = openFile(path != nullptr ? path : "", mode, handle);
     return call.end(error, handle, INVALID_HANDLE_VALUE);
 }

@@ -11,8 +11,8 @@ namespace pc {
 
 // Plans one fault at a time; counting starts when it is planned. A sweep plans n = 1, 2, ... until an
 // operation ends without having met the fault. The subject of a call is the path that it names, or that its
-// handle was opened with, as the library gave it. A call for memory fails with
-// ERROR_NOT_ENOUGH_MEMORY, whatever error is planned.
+// handle was opened with, as the library gave it. A call for memory fails with ERROR_NOT_ENOUGH_MEMORY,
+// whatever error is planned.
 class FaultPlan {
   public:
     // The n-th call that can fail does.
@@ -25,8 +25,8 @@ class FaultPlan {
     void shortTransfer(int n) { plan(Kind::transfer, n, 0); }
     // The n-th call for memory, and every one after it, fails.
     void failMemory(int n) { plan(Kind::memory, n, 0); }
-    // The power goes with the n-th call: it and every one after it fails with ERROR_GEN_FAILURE and
-    // does nothing, until Pc::cutPower ends that.
+    // The power goes with the n-th call: it and every one after it fails with ERROR_GEN_FAILURE and does
+    // nothing, until Pc::cutPower ends that.
     void cutPower(int n) { plan(Kind::power, n, 31); }
     void clear() { plan(Kind::none, 0, 0); }
 

@@ -9,8 +9,11 @@
 
 namespace tidewell {
 
-// Whether there are vectors of 32 bytes, whose registers the system keeps, and products without carries.
-bool HasVectorInstructions();
+// Whether there are vectors of 32 bytes, whose registers the system keeps, and products without carries. The
+// compiler's library asks the processor once, when the program or library is loaded.
+inline bool HasVectorInstructions() {
+    return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("pclmul");
+}
 
 }  // namespace tidewell
 

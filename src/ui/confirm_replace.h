@@ -13,9 +13,8 @@ namespace tidewell {
 //
 // IDYES comes at once, without a question, when nothing at `path` could be lost: the system's error of
 // looking at it says that there is no such file, folder, drive, server, share, disk or network, or no such
-// path (MeansNothingThere). A file that cannot be looked at for another reason (ERROR_CRC,
-// ERROR_ACCESS_DENIED
-// ...) may be there, and is asked about.
+// path (MeansNothingThere). A file that cannot be looked at for another reason, such as ERROR_CRC or
+// ERROR_ACCESS_DENIED, may be there, and is asked about.
 int ConfirmFileReplace(HWND owner, const char* path, BOOL several);
 
 }  // namespace tidewell

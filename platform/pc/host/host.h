@@ -69,8 +69,7 @@ class HostFile : public File {
 // bytes, or behind.
 enum class PowerCut { keepsNames, losesNames };
 
-// Win32 codes for all errors. Links are followed. ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND
-// (the folder).
+// Win32 codes for all errors. Links are followed. ERROR_FILE_NOT_FOUND; ERROR_PATH_NOT_FOUND: no such folder.
 class Host {
   public:
     virtual ~Host() = default;
