@@ -48,7 +48,11 @@ class Call {
         SetLastError(error);
         return failure;
     }
-    BOOL end(pc::Error error) { return end<BOOL>(error, TRUE, FALSE); }
+    // One that succeeds need not leave the last error as it was, and does not.
+    BOOL end(pc::Error error) {
+        SetLastError(error);
+        return end<BOOL>(error, TRUE, FALSE);
+    }
 
   private:
     const char* name_;

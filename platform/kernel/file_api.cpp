@@ -172,7 +172,6 @@ BOOL CloseHandle(HANDLE handle) {
     pc::Error error = file->mode.write ? call.fault() : 0;
     const pc::Error closed = pc::Pc::current()->close(reinterpret_cast<uintptr_t>(handle));
     if (error == 0) error = closed;
-    SetLastError(0);  // a call that succeeds need not leave it as it was
     return call.end(error);
 }
 

@@ -31,7 +31,6 @@ BOOL release(Call& call, void* memory) {
     if (pc::Pc* const pc = pc::Pc::current()) pc->memory().erase(memory);
     std::free(memory);
     livingBlocks().erase(block);
-    SetLastError(0);  // a call that succeeds need not leave it as it was
     return call.end(0);
 }
 
