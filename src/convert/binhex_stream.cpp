@@ -1,14 +1,10 @@
 #include "convert/binhex_stream.h"
 
-#include "base/processor.h"
+#include "base/vectors.h"
 #include "convert/macbinary_crc.h"
 
 #include <bit>
 #include <cstring>
-
-#if TIDEWELL_VECTORS
-#include <immintrin.h>
-#endif
 
 namespace tidewell {
 
@@ -52,11 +48,10 @@ ErrorCode readRun(BinHexStream& stream, uint8_t*& out) {
 // Copies whole vectors while `most` bytes have them, and what is behind the marker in the last, which will be
 // written over. Returns how many bytes before the marker were copied.
 TIDEWELL_VECTOR_FUNCTION size_t copyByVector(const uint8_t* from, uint8_t* to, size_t most) {
-    constexpr size_t kVector = 32;
     size_t copied = 0;
     for (; most - copied >= kVector; copied += kVector) {
-        const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from + copied));
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(to + copied), bytes);
+        const __m256i bytes = LoadVector(from + copied);
+        StoreVector(to + copied, bytes);
         const __m256i markers = _mm256_cmpeq_epi8(bytes, _mm256_set1_epi8(static_cast<char>(kRunMarker)));
         const auto found = static_cast<unsigned>(_mm256_movemask_epi8(markers));
         if (found != 0) return copied + static_cast<unsigned>(std::countr_zero(found));

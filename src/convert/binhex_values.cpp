@@ -1,13 +1,9 @@
 #include "convert/binhex_values.h"
 
-#include "base/processor.h"
+#include "base/vectors.h"
 #include "convert/binhex_alphabet.h"
 
 #include <bit>
-
-#if TIDEWELL_VECTORS
-#include <immintrin.h>
-#endif
 
 namespace tidewell {
 
@@ -35,7 +31,6 @@ void packEach(const uint8_t* values, const uint8_t* end, uint8_t* out) {
 
 #if TIDEWELL_VECTORS
 
-constexpr ptrdiff_t kVector = 32;  // characters, or values
 static_assert(kBinHexOverrun >= kVector);
 
 // The alphabet by eighths of the 128 characters of ASCII, each of which has its values in a row: which of its
@@ -55,14 +50,6 @@ struct Eighths {
 };
 
 constexpr Eighths kEighths;
-
-TIDEWELL_VECTOR_FUNCTION __m256i load(const uint8_t* from) {
-    return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from));
-}
-
-TIDEWELL_VECTOR_FUNCTION void store(uint8_t* to, __m256i bytes) {
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(to), bytes);
-}
 
 TIDEWELL_VECTOR_FUNCTION __m256i eighth(const uint8_t* table, __m256i characters) {
     const __m128i one = _mm_load_si128(reinterpret_cast<const __m128i*>(table));
@@ -86,9 +73,9 @@ TIDEWELL_VECTOR_FUNCTION unsigned strangers(__m256i characters) {
 // not count. Returns where it stopped: a character that is none, or less than a vector before the end.
 TIDEWELL_VECTOR_FUNCTION const uint8_t* takeByVector(const uint8_t* next, const uint8_t* end, uint8_t*& out) {
     uint8_t* to = out;
-    while (end - next >= kVector) {
-        const __m256i characters = load(next);
-        store(to, _mm256_add_epi8(characters, eighth(kEighths.offset, characters)));
+    while (static_cast<size_t>(end - next) >= kVector) {
+        const __m256i characters = LoadVector(next);
+        StoreVector(to, _mm256_add_epi8(characters, eighth(kEighths.offset, characters)));
         const unsigned strange = strangers(characters);
         if (strange == 0) {
             next += kVector;
@@ -113,10 +100,10 @@ TIDEWELL_VECTOR_FUNCTION const uint8_t* packByVector(const uint8_t* values, cons
     const __m256i order =
         _mm256_broadcastsi128_si256(_mm_set_epi8(-1, -1, -1, -1, 12, 13, 14, 8, 9, 10, 4, 5, 6, 0, 1, 2));
     const __m256i together = _mm256_set_epi32(7, 7, 6, 5, 4, 2, 1, 0);
-    for (; end - values >= kVector; values += kVector, out += kVector / 4 * 3) {
-        const __m256i pairs = _mm256_maddubs_epi16(load(values), _mm256_set1_epi16(0x0140));
+    for (; static_cast<size_t>(end - values) >= kVector; values += kVector, out += kVector / 4 * 3) {
+        const __m256i pairs = _mm256_maddubs_epi16(LoadVector(values), _mm256_set1_epi16(0x0140));
         const __m256i groups = _mm256_madd_epi16(pairs, _mm256_set1_epi32(0x00011000));
-        store(out, _mm256_permutevar8x32_epi32(_mm256_shuffle_epi8(groups, order), together));
+        StoreVector(out, _mm256_permutevar8x32_epi32(_mm256_shuffle_epi8(groups, order), together));
     }
     return values;
 }
@@ -129,7 +116,7 @@ const uint8_t* TakeBinHexValues(const uint8_t* next, const uint8_t* end, uint8_t
 #if TIDEWELL_VECTORS
     if (HasVectorInstructions()) {
         next = takeByVector(next, end, out);
-        if (end - next >= kVector) return next;
+        if (static_cast<size_t>(end - next) >= kVector) return next;
     }
 #endif
     return takeEach(next, end, out);
