@@ -8,6 +8,7 @@
 #include "ui/display_title.h"
 #include "ui/place_window.h"
 #include "ui/strings.h"
+#include "ui/window_text.h"
 
 #include <windows.h>
 #include <windowsx.h>
@@ -68,9 +69,8 @@ LONG missingHeight(HWND label, const char* text) {
 // Makes room for a long name: what is below it moves down.
 void growToName(HWND dialog) {
     HWND const label = GetDlgItem(dialog, IDC_REPLACE_NAME);
-    char text[2 * kPathCapacity];
-    GetWindowTextA(label, text, sizeof text);
-    const LONG missing = missingHeight(label, text);
+    const LocalText text = TextOfWindow(label);
+    const LONG missing = text ? missingHeight(label, text.get()) : 0;
     if (missing <= 0) return;
 
     const RECT labelPlace = placeOf(dialog, IDC_REPLACE_NAME);

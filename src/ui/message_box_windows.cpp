@@ -4,6 +4,7 @@
 #include "ui/format_text.h"
 #include "ui/size_scale.h"
 #include "ui/strings.h"
+#include "ui/window_text.h"
 
 namespace tidewell {
 
@@ -11,14 +12,9 @@ namespace {
 
 constexpr int kNotShown = -1;
 
-LocalText allocateText(SIZE_T capacity) {
-    return LocalText(static_cast<char*>(LocalAlloc(LPTR, capacity)));
-}
-
 LocalText titleOf(HWND owner) {
-    const int capacity = GetWindowTextLengthA(owner) + 1;
-    LocalText title = allocateText(static_cast<SIZE_T>(capacity));
-    if (title && GetWindowTextA(owner, title.get(), capacity) == 0) title.reset();
+    LocalText title = TextOfWindow(owner);
+    if (title && *title.get() == '\0') title.reset();
     return title;
 }
 
@@ -30,7 +26,7 @@ int showBox(HWND owner, const LocalText& text, const LocalText& title, UINT styl
 
 // A percent sign in the text of an error is no insert of the message that the text becomes part of.
 LocalText protectPercentSigns(const char* text) {
-    LocalText result = allocateText(2 * static_cast<SIZE_T>(lstrlenA(text)) + 1);
+    LocalText result = AllocateText(2 * static_cast<SIZE_T>(lstrlenA(text)) + 1);
     if (!result) return result;
     char* out = result.get();
     // No second byte of a double-byte character is a percent sign.
@@ -45,7 +41,7 @@ LocalText errorText(ErrorCode errorCode) {
     const LocalText text = FormatSystemError(errorCode);
     if (text) return protectPercentSigns(text.get());
     if (GetLastError() != ERROR_INVALID_PARAMETER) return {};
-    LocalText number = allocateText(kDigitsCapacity);
+    LocalText number = AllocateText(kDigitsCapacity);
     if (number) wsprintfA(number.get(), "%d", static_cast<int>(errorCode));
     return number;
 }

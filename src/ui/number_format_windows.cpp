@@ -8,8 +8,7 @@ namespace tidewell {
 
 namespace {
 
-constexpr int kNumberCapacity = 128;
-constexpr int kLocaleCapacity = 16;  // of a separator, or the grouping
+constexpr int kLocaleCapacity = 10;  // of the longest, the grouping
 // Without it a zero alone would leave nothing.
 constexpr UINT kLeadingZero = 1;
 constexpr UINT kMinusBeforeNumber = 1;
@@ -75,7 +74,7 @@ DWORD FormatSize(uint64_t value, char* buffer, DWORD bufferSize, BOOL withUnit) 
     else
         FormatDigits(size.whole, digits);
 
-    char number[kNumberCapacity];
+    char number[kShortTextCapacity];
     const bool formatted = formatForLocale(digits, size.hundredths != 0, number, sizeof number) != 0;
     const bool single = size.whole == 1 && size.hundredths == 0;
     return copyTexts(formatted ? number : digits, entryOf(units.get(), 2 * size.unit + (single ? 0 : 1)),
@@ -83,16 +82,14 @@ DWORD FormatSize(uint64_t value, char* buffer, DWORD bufferSize, BOOL withUnit) 
 }
 
 BOOL SetDlgItemSize(HWND dialog, int controlId, uint64_t value) {
-    char text[2 * kNumberCapacity + 4] = "";
-    char bytes[kNumberCapacity] = "";
-    FormatSize(value, text, kNumberCapacity, TRUE);
+    char size[kShortTextCapacity] = "";
+    char bytes[kShortTextCapacity] = "";
+    FormatSize(value, size, sizeof size, TRUE);
     FormatSize(value, bytes, sizeof bytes, FALSE);
-    if (lstrcmpA(text, bytes) != 0) {
-        lstrcatA(text, " (");
-        lstrcatA(text, bytes);
-        lstrcatA(text, ")");
-    }
-    return SetDlgItemTextA(dialog, controlId, text);
+    if (lstrcmpA(size, bytes) == 0) return SetDlgItemTextA(dialog, controlId, size);
+    char both[kPrintedCapacity];
+    wsprintfA(both, "%s (%s)", size, bytes);
+    return SetDlgItemTextA(dialog, controlId, both);
 }
 
 }  // namespace tidewell

@@ -3,7 +3,7 @@
 
 #include "res/resource.h"
 #include "ui/place_window.h"
-#include "ui/size_scale.h"
+#include "ui/strings.h"
 
 #include <windows.h>
 #include <commctrl.h>
@@ -19,8 +19,6 @@ constexpr UINT kEstimateInterval = 2000;  // ms
 constexpr WPARAM kBarStep = 10;
 // The template ends with its last line; below it is as much room as beside it.
 constexpr LONG kFootMargin = 7;  // dialog units
-
-constexpr int kTemplateCapacity = 128;
 
 // What the dialog's initialisation is given.
 struct Creation {
@@ -62,9 +60,9 @@ void onInit(HWND window, const Creation& creation) {
 void showTimeRemaining(HWND window, const ProgressDialog& progress) {
     const TimeRemaining estimate = ProgressTimeRemaining(progress);
     // No string has the number 0.
-    char textTemplate[kTemplateCapacity];
-    if (LoadStringA(progress.instance, estimate.stringId, textTemplate, kTemplateCapacity) == 0) return;
-    char text[kTemplateCapacity + kDigitsCapacity];
+    char textTemplate[kShortTextCapacity];
+    if (LoadStringA(progress.instance, estimate.stringId, textTemplate, sizeof textTemplate) == 0) return;
+    char text[kPrintedCapacity];
     wsprintfA(text, textTemplate, static_cast<int>(estimate.number));
     SetDlgItemTextA(window, IDC_PROGRESS_TIME, text);
     showControl(window, IDC_PROGRESS_BAR);

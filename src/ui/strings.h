@@ -6,6 +6,12 @@
 
 namespace tidewell {
 
+// A number with its unit, or the template of one.
+constexpr size_t kShortTextCapacity = 128;
+
+// What wsprintfA writes at most, and its NUL.
+constexpr size_t kPrintedCapacity = 1025;
+
 // The string of `module`, never cut. The caller frees it with LocalFree. Null when there is no such string,
 // when it is empty, or without memory.
 char* LoadStringAlloc(HINSTANCE module, UINT stringId);

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "module/module_state.h"
 #include "ui/format_text.h"
+#include "ui/window_text.h"
 
 #include <cstdarg>
 
@@ -21,7 +22,7 @@ constexpr int kLeftByWholeString = 2;
 char* LoadStringAlloc(HINSTANCE module, UINT stringId) {
     for (int capacity = kStringStep;; capacity += kStringStep) {
         // Zero-filled, so that a list made of the string ends.
-        LocalText text(static_cast<char*>(LocalAlloc(LPTR, static_cast<SIZE_T>(capacity))));
+        LocalText text = AllocateText(static_cast<SIZE_T>(capacity));
         if (!text) return nullptr;
         const int length = LoadStringA(module, stringId, text.get(), capacity);
         if (length == 0) return nullptr;
@@ -53,10 +54,8 @@ BOOL SetDlgItemTextFromString(HWND dialog, int controlId, UINT stringId) {
 BOOL FormatWindowText(HWND dialog, int controlId, ...) {
     HWND const control = GetDlgItem(dialog, controlId);
     if (!control) return 0;
-    const int capacity = GetWindowTextLengthA(control) + 1;
-    const LocalText pattern(static_cast<char*>(LocalAlloc(LPTR, static_cast<SIZE_T>(capacity))));
+    const LocalText pattern = TextOfWindow(control);
     if (!pattern) return failWith(ERROR_NOT_ENOUGH_MEMORY);
-    GetWindowTextA(control, pattern.get(), capacity);
 
     va_list inserts;
     va_start(inserts, controlId);

@@ -43,6 +43,19 @@ HANDLE WINAPI removeProperty(HWND window, LPCSTR name) {
     return systemFunction<decltype(&RemovePropA)>("user32.dll", "RemovePropA")(window, name);
 }
 
+// How many device contexts were taken and not given back.
+int contextsHeld = 0;
+
+HDC WINAPI getContext(HWND window) {
+    ++contextsHeld;
+    return systemFunction<decltype(&GetDC)>("user32.dll", "GetDC")(window);
+}
+
+int WINAPI releaseContext(HWND window, HDC context) {
+    --contextsHeld;
+    return systemFunction<decltype(&ReleaseDC)>("user32.dll", "ReleaseDC")(window, context);
+}
+
 LONG roomBelowButtons(HWND dialog) {
     RECT client = {};
     GetClientRect(dialog, &client);
@@ -53,6 +66,8 @@ LONG roomBelowButtons(HWND dialog) {
 
 REPLACE_IMPORT(SetPropA, 12, setProperty);
 REPLACE_IMPORT(RemovePropA, 8, removeProperty);
+REPLACE_IMPORT(GetDC, 4, getContext);
+REPLACE_IMPORT(ReleaseDC, 8, releaseContext);
 
 TEST_CASE_FIXTURE(ModuleState, "The question for several files offers all answers, for one Yes and No") {
     const RealFile file("Quarterly Report.bin", "old");
@@ -181,6 +196,7 @@ TEST_CASE_FIXTURE(ModuleState,
         HWND const label = GetDlgItem(dialog, IDC_REPLACE_NAME);
         CHECK(windowText(label) == "This folder already contains a file named '" + longName + "'.");
         press(dialog, IDNO);
+        CHECK(contextsHeld == 0);
         // Without a display no text has a size.
         if (!kHasDisplay) return;
         // Two lines at first, then as many as the name takes.

@@ -3,6 +3,7 @@
 
 #include "messages.h"
 #include "res/resource.h"
+#include "support/local_allocations_windows.h"
 #include "support/modal_windows.h"
 #include "support/replaced_import_windows.h"
 #include "support/test_module_windows.h"
@@ -22,8 +23,7 @@ constexpr UINT kError = MB_OK | MB_ICONHAND;
 // Errors that no system knows: one whose text has percent signs, one whose text would need inserts.
 constexpr ErrorCode kErrorWithPercent = 0x2FFF0001;
 constexpr ErrorCode kErrorWithInserts = 0xAFFF0002;
-// So many signs that they leave no doubt about who has written past a buffer's end.
-const std::string kPercentSigns = "100% of %1 is used." + std::string(500, '%');
+const std::string kPercentSigns = "%1" + std::string(500, '%');
 
 DWORD WINAPI formatMessage(DWORD flags, LPCVOID source, DWORD id, DWORD language, LPSTR buffer, DWORD size,
                            va_list* inserts) {
@@ -67,6 +67,7 @@ TEST_CASE_FIXTURE(ModuleState,
           }) == "Tidewell 98|The disk in drive 'A:' has been formatted as '100%1'.\n1.4MB are free on it.");
     CHECK(boxOf([] { return MessageBoxFromTable(nullptr, 0x6000001B, IDS_TITLE, MB_OK, -12); }) ==
           "Tidewell 98|-12 resource(s)");
+    largestAllocation = 0;
     struct {
         ErrorCode error;
         std::string text;
@@ -84,6 +85,8 @@ TEST_CASE_FIXTURE(ModuleState,
               "'Disk %2': " +
                   row.text);
     }
+    // Every sign may be doubled.
+    CHECK(largestAllocation == 2 * kPercentSigns.size() + 1);
 }
 
 TEST_CASE_FIXTURE(ModuleState,

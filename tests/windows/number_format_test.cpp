@@ -27,12 +27,13 @@ void use(const char* newDecimal, const char* newThousands, const char* newGroupi
 
 int WINAPI localeInfo(LCID locale, LCTYPE type, LPSTR buffer, int size) {
     CHECK(locale == LOCALE_USER_DEFAULT);
-    lstrcpynA(buffer,
-              type == LOCALE_SDECIMAL    ? decimal
-              : type == LOCALE_STHOUSAND ? thousands
-                                         : grouping,
-              size);
-    return lstrlenA(buffer) + 1;
+    const char* const text = type == LOCALE_SDECIMAL    ? decimal
+                             : type == LOCALE_STHOUSAND ? thousands
+                                                        : grouping;
+    const int length = lstrlenA(text) + 1;
+    if (length > size) return 0;
+    lstrcpyA(buffer, text);
+    return length;
 }
 
 struct Numbers : ModuleState {
@@ -91,7 +92,7 @@ TEST_CASE_FIXTURE(Numbers, "Numbers follow the user's separators, grouping and s
     CHECK(numberText(INT32_MIN) == "-2,147,483,648");
     char tiny[4];
     CHECK(FormatNumber(12345, tiny, sizeof tiny) == 0);
-    use(",", ".", "3;0");
+    use(",", ".", "3;2;2;2;0");
     CHECK(numberText(1'234'567) == "1.234.567");
     CHECK(sizeText(UINT64_MAX, TRUE) == "17.179.869.184,0GB");
     for (const char* const nonsense : {"/", ":", "", "0;0"}) {

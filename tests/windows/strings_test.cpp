@@ -3,6 +3,7 @@
 
 #include "messages.h"
 #include "res/resource.h"
+#include "support/local_allocations_windows.h"
 #include "support/modal_windows.h"
 #include "support/replaced_import_windows.h"
 #include "support/test_module_windows.h"
@@ -36,16 +37,6 @@ int WINAPI loadString(HINSTANCE module, UINT id, LPSTR buffer, int size) {
     return static_cast<int>(length);
 }
 
-// Which allocation from now on fails; 0: none.
-int failingAllocation = 0;
-
-HLOCAL WINAPI localAlloc(UINT flags, SIZE_T size) {
-    static const auto real = systemFunction<decltype(&LocalAlloc)>("kernel32.dll", "LocalAlloc");
-    if (failingAllocation == 0 || --failingAllocation != 0) return real(flags, size);
-    SetLastError(ERROR_OUTOFMEMORY);
-    return nullptr;
-}
-
 std::string stringOf(HINSTANCE module, UINT id) {
     const LocalText text(LoadStringAlloc(module, id));
     return text ? text.get() : "(none)";
@@ -72,7 +63,6 @@ struct LabelWindow : TestWindow {
 }  // namespace
 
 REPLACE_IMPORT(LoadStringA, 16, loadString);
-REPLACE_IMPORT(LocalAlloc, 8, localAlloc);
 
 TEST_CASE_FIXTURE(ModuleState, "Strings come whole, however long, and missing ones not at all") {
     CHECK(stringOf(ResourceModule, IDS_TITLE) == "Tidewell 98");
