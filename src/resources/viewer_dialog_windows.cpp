@@ -59,7 +59,7 @@ void clickView(HWND dialog) {
 
 void onTreeNotification(HWND dialog, const NMHDR& header) {
     const auto& change = reinterpret_cast<const NMTREEVIEWA&>(header);
-    switch (static_cast<int>(header.code)) {
+    switch (header.code) {
     case TVN_ITEMEXPANDINGA: {
         const BusyCursor busy(dialog);
         FillTypeItem(header.hwndFrom, change.itemNew.hItem);
