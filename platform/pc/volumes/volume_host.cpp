@@ -96,6 +96,17 @@ Error VolumeHost::remove(const std::string& path) const {
     return error;
 }
 
+Error VolumeHost::moveAll(const std::vector<std::pair<std::string, std::string>>& moves) const {
+    for (size_t i = 0; i < moves.size(); ++i) {
+        const Error error = host_->move(moves[i].first, moves[i].second);
+        if (error == 0) continue;
+        while (i-- > 0)
+            host_->move(moves[i].second, moves[i].first);
+        return error == ERROR_FILE_EXISTS ? ERROR_ALREADY_EXISTS : error;
+    }
+    return 0;
+}
+
 Error VolumeHost::discard(const std::string& path) const {
     HostStatus status;
     if (host_->status(path, status) != 0 || status.kind != HostKind::file) return 0;
