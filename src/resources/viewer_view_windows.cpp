@@ -21,15 +21,23 @@ struct Contents {
     PageBuffer data;
     PageBuffer dump;
     Picture picture;
-    LocalText text;
+    PageBuffer text;
 };
+
+// A text is longer than the dump of its first bytes can be.
+PageBuffer readText(ResourceForkReader& reader, const ResourceTreeNode& node) {
+    const ResourceType& type = node.parent->type.type;
+    if (!IsTextType(type)) return {};
+    uint32_t length = kMostTextData;
+    const PageBuffer data = reader.ReadData(node.reference, length);
+    return data ? ReadResourceText(type, data.data(), length) : PageBuffer();
+}
 
 // ERROR_HANDLE_EOF for a resource that lies outside the fork.
 ErrorCode readContents(HWND dialog, HTREEITEM item, const ResourceTreeNode& node, ContentsRequest& request,
                        Contents& contents) {
     const BusyCursor busy(dialog);
     ResourceForkReader& reader = ViewerOf(dialog).reader;
-    const ResourceType& type = node.parent->type.type;
     GetNodeLabel(TreeOf(dialog), item, request.label);
     request.type = node.parent->type;
     request.reference = node.reference;
@@ -44,8 +52,8 @@ ErrorCode readContents(HWND dialog, HTREEITEM item, const ResourceTreeNode& node
     request.hexText = reinterpret_cast<const char*>(contents.dump.data());
     contents.picture = ReadPicture(reader, node.parent->type, node.reference);
     request.picture = &contents.picture;
-    contents.text = ReadResourceText(type, contents.data.data(), request.shownLength);
-    request.text = contents.text.get();
+    contents.text = readText(reader, node);
+    if (contents.text) request.text = reinterpret_cast<const char*>(contents.text.data());
     return 0;
 }
 

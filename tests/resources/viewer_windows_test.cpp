@@ -76,11 +76,12 @@ BOOL WINAPI getSaveFileName(LPOPENFILENAMEA question) {
 
 std::string shownMenu;
 int menuAnswer = 0;
+HTREEITEM highlit = nullptr;
 
 BOOL WINAPI trackMenu(HMENU menu, UINT flags, int, int, int, HWND window, const RECT*) {
     CHECK((flags & TPM_RETURNCMD) != 0);
     HWND const tree = GetDlgItem(window, IDC_VIEWER_TREE);
-    CHECK(SendMessageA(tree, TVM_GETNEXTITEM, TVGN_DROPHILITE, 0) != 0);
+    highlit = TreeView_GetDropHilight(tree);
     shownMenu.clear();
     for (int i = 0; i < GetMenuItemCount(menu); ++i) {
         char text[100] = "";
@@ -99,8 +100,7 @@ using Steps = std::vector<std::function<void(HWND)>>;
 BOOL view(const char* path, const Steps& steps, HWND owner = nullptr) {
     size_t next = 0;
     const ModalDriver driver([&](HWND window) {
-        if (next < steps.size()) steps[next](window);
-        ++next;
+        if (next++ < steps.size()) steps[next - 1](window);
     });
     const BOOL result = ViewMacResources(owner, path);
     CHECK(next == steps.size());
@@ -409,7 +409,7 @@ TEST_CASE_FIXTURE(Viewer, "Contents that are a picture or a text are shown above
                                   [&](HWND contents) {
                                       CHECK(windowText(showsAbove(contents, IDC_CONTENTS_TEXT)) == "Hello");
                                       CHECK(windowText(GetDlgItem(contents, IDC_CONTENTS_DUMP)) ==
-                                            "0000: 05486565 6c6f                         .Hello");
+                                            "0000: 0548656c 6c6f                        .Hello");
                                       CHECK(windowText(GetDlgItem(contents, IDC_CONTENTS_SIZE)) == "6 bytes");
                                       close(contents);
                                   },
@@ -501,12 +501,12 @@ TEST_CASE_FIXTURE(Viewer, "The menu of an item has its buttons' commands, other 
                    menuAnswer = ID_WHATS_THIS;
                    select(viewer, rootOf(viewer));
                    openMenu(viewer);
-                   CHECK(shownMenu == "[&Save As...][][&What's This?]");
+                   CHECK(shownMenu == "[&Save As...][-][&What's This?]");
                    CHECK(lastHelpCall == HelpCall(treeOf(viewer), "TIDEWELL.HLP", HELP_CONTEXTPOPUP, 50));
                    CHECK(TreeView_GetDropHilight(treeOf(viewer)) == nullptr);
                    selectResource(viewer, "STR ", "(5)");
                    openMenu(viewer);
-                   CHECK(shownMenu == "[&View...][&Save As...][][&What's This?]");
+                   CHECK(shownMenu == "[&View...][&Save As...][-][&What's This?]");
 
                    shownMenu.clear();
                    select(viewer, typeItem(viewer, "STR "));
@@ -525,7 +525,8 @@ TEST_CASE_FIXTURE(Viewer, "The menu of an item has its buttons' commands, other 
                    ClientToScreen(treeOf(viewer), &point);
                    SendMessageA(viewer, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(treeOf(viewer)),
                                 MAKELPARAM(point.x, point.y));
-                   CHECK(shownMenu == "[&Save As...-][][&What's This?]");
+                   CHECK(shownMenu == "[&Save As...-][-][&What's This?]");
+                   CHECK(highlit == rootOf(viewer));
 
                    SendMessageA(viewer, WM_COMMAND, IDC_VIEWER_HELP, 0);
                    CHECK(lastHelpCall == HelpCall(viewer, "TIDEWELL.HLP", HELP_CONTEXT, 103));
@@ -549,16 +550,16 @@ TEST_CASE_FIXTURE(Viewer, "A large fork costs a few reads for what is opened, an
     std::vector<ForkResource> resources;
     for (int type = 0; type < 500; ++type) {
         const std::string code = "T" + std::to_string(100 + type);
-        for (int id = 0; id < 20; ++id)
-            resources.push_back({code, static_cast<int16_t>(id), "name", 0, bytesOf("data")});
+        const int count = type < 499 ? 9 : 10'000 - 499 * 9;
+        for (int id = 0; id < count; ++id)
+            resources.push_back({code, static_cast<int16_t>(id), {}, 0, bytesOf("data")});
     }
     writeMacFile("N:\\Large", {.resource = resourceForkOf(resources)});
     CHECK(view("N:\\Large", {[&](HWND viewer) {
                    CHECK(pc.journal().count("ReadFile") <= 500 + 3);
                    pc.journal().clear();
-                   HTREEITEM const item = typeItem(viewer, "T100");
-                   // The entry, the length of the name, and the name.
-                   CHECK(pc.journal().count("ReadFile") == 3 * 20);
+                   HTREEITEM const item = typeItem(viewer, "T599");
+                   CHECK(pc.journal().count("ReadFile") == 10'000 - 499 * 9);
                    pc.journal().clear();
                    TreeView_Expand(treeOf(viewer), item, TVE_COLLAPSE);
                    TreeView_Expand(treeOf(viewer), item, TVE_EXPAND);

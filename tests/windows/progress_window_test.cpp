@@ -3,8 +3,8 @@
 
 #include "res/resource.h"
 #include "support/modal_windows.h"
-#include "support/replaced_import_windows.h"
 #include "support/test_module_windows.h"
+#include "support/timers_windows.h"
 #include "ui/progress_arithmetic.h"
 
 #include <doctest/doctest.h>
@@ -12,7 +12,6 @@
 #include <windows.h>
 #include <commctrl.h>
 
-#include <map>
 #include <string>
 
 using namespace tidewell;
@@ -21,24 +20,6 @@ namespace {
 
 constexpr int64_t kSecond = 10'000'000;
 constexpr char kTitle[] = "Creating MacBinary file...";
-
-// The timers of windows by their numbers: milliseconds. The system has none of them, the test rings.
-using Timers = std::map<UINT_PTR, UINT>;
-std::map<HWND, Timers> timersOf;
-
-UINT_PTR WINAPI setTimer(HWND window, UINT_PTR timer, UINT interval, TIMERPROC procedure) {
-    static const auto real = systemFunction<decltype(&SetTimer)>("user32.dll", "SetTimer");
-    if (!window) return real(window, timer, interval, procedure);
-    const bool toWindow = procedure == nullptr;
-    CHECK(toWindow);
-    timersOf[window][timer] = interval;
-    return 1;
-}
-
-BOOL WINAPI killTimer(HWND window, UINT_PTR timer) {
-    static const auto real = systemFunction<decltype(&KillTimer)>("user32.dll", "KillTimer");
-    return window ? timersOf[window].erase(timer) == 1 : real(window, timer);
-}
 
 class ProgressInWindow {
   public:
@@ -72,9 +53,6 @@ class ProgressInWindow {
 };
 
 }  // namespace
-
-REPLACE_IMPORT(SetTimer, 16, setTimer);
-REPLACE_IMPORT(KillTimer, 8, killTimer);
 
 TEST_CASE_FIXTURE(ModuleState, "The window shows after a second, and the time remaining every two") {
     const TestWindow owner("owner", WS_POPUP | WS_VISIBLE);
