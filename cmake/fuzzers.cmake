@@ -1,6 +1,6 @@
 # Fuzzers, where the sanitizers are and the compiler has libFuzzer. CTest runs each for a few seconds; for longer:
 #   build/asan/fuzz_binhex -runs=10000000 -max_len=4096 build/asan/corpus/binhex fuzz/corpus/binhex
-# What they find is kept in the build folder. fuzz/make-corpus makes what they begin with.
+# What they find is kept in the build folder. fuzz/corpus/README.md tells what they begin with.
 
 if(NOT TIDEWELL_SANITIZE OR NOT CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   return()
