@@ -49,12 +49,11 @@ ErrorCode ReplacementFile::Create(const char* path) {
     if (error != 0) return error;
     if (lastCharacter(FileNamePart(path_), ':') != nullptr) return ERROR_INVALID_NAME;
     // A file that its user may not write to, or is using, is not replaced, although it might be moved.
-    OwnedFile old(
+    const OwnedFile old(
         CreateFileA(path_, GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     error = old ? 0 : lastError();
     if (error != 0 && error != ERROR_FILE_NOT_FOUND) return error;
     replaces_ = error == 0;
-    old.reset();
     error = takeFreshName(path_, nextFresh_, fresh_, [this] {
         file_ = OwnedFile(
             CreateFileA(fresh_, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));

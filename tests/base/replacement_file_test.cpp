@@ -81,17 +81,15 @@ TEST_CASE("Where nothing can be written or replaced, nothing is made") {
         writeFile(path, {});
     pc.folder().setWritable("F/locked", false);
     REQUIRE(OpenForReading("F:\\open", open) == 0);
-    const std::pair<std::string, ErrorCode> rows[] = {
-        {"F:\\none\\a", 3},
-        {"F:\\" + outer, 5},
-        {"F:\\locked", 5},
-        {"F:\\open", 32},
-        {"F:\\NUL", 123},
-        {"N:\\a:b", 123},
-        {"F:\\" + std::string(600, 'a'), 206},
-        {"F:\\" + outer + "\\" + inner + "\\a", 0},
-        {"F:\\" + outer + "\\" + inner + "d\\a", 206},
-    };
+    const std::pair<std::string, ErrorCode> rows[] = {{"F:\\none\\a", 3},
+                                                      {"F:\\" + outer, 5},
+                                                      {"F:\\locked", 5},
+                                                      {"F:\\open", 32},
+                                                      {"F:\\NUL", 123},
+                                                      {"N:\\a:b", 123},
+                                                      {"F:\\" + std::string(600, 'a'), 206},
+                                                      {"F:\\" + outer + "\\" + inner + "\\a", 0},
+                                                      {"F:\\" + outer + "\\" + inner + "d\\a", 206}};
     pc.setPathLimit(1000);
     for (const auto& [path, error] : rows)
         CHECK_MESSAGE(ReplacementFile().Create(path.c_str()) == error, path);
@@ -106,12 +104,13 @@ TEST_CASE("What has a fresh name already, or comes or goes meanwhile, is no othe
             pc.folder().write("F/TW" + std::to_string(1000000 + n).substr(1) + ".TMP", "other");
     };
     put(0, 11);
-    for (int time = 0; time < 3; ++time) {
-        if (time == 2) put(13, 20);
+    for (int time = 0; time < 2; ++time)
         CHECK(replace(pc, "F:\\tw000011.tmp", Old::there) == 0);
-    }
-    put(20, 1000);
+    put(13, 999);
     put(12, 13);
+    // One for the new file, and none for the old.
+    CHECK(replace(pc, "F:\\tw000011.tmp", Old::there) == ERROR_FILE_EXISTS);
+    put(999, 1000);
     CHECK(replace(pc, "F:\\file", Old::none) == ERROR_FILE_EXISTS);
     for (const std::string& name : pc.folder().names("F"))
         CHECK((pc.folder().read("F/" + name) == "other") == (name != "tw000011.tmp"));

@@ -20,34 +20,30 @@ TEST_CASE("A file moves with its forks, over no other, and not while one of them
         writeMacFile(in("file"), {.data = patternOf(100), .resource = patternOf(300)});
         const MacFile file = readMacFile(in("file"));
         const auto before = pc.folder().names(drive);
-        const ForkPathsOf forks(in("file"));
-        for (const std::string& fork :
-             {in("file"), std::string(forks.resourcePath), std::string(forks.finderInfoPath)}) {
-            tidewell::OwnedFile open;
-            if (fork.empty() || tidewell::OpenForReading(fork.c_str(), open) != 0) continue;
-            CHECK_MESSAGE(move("file", "b") == 32, fork);
-        }
         const std::string resource = kResourceFile, other = drive == "F" ? "N:\\b" : "F:\\b";
+        for (const char* const fork : {"", ":AFP_Resource", kResourceFile, kFinderFile}) {
+            tidewell::OwnedFile open;
+            if (tidewell::OpenForReading((in("file") + fork).c_str(), open) == 0)
+                CHECK(move("file", "b") == 32);
+        }
         const struct {
             std::string from, to;
             pc::Error error;
             const char* drives = "FNM";
-        } rows[] = {
-            {"none", "b", 2},
-            {"file", "none\\b", 3},
-            {"file", "\\\\.\\NUL", 2},
-            {"file", "\\\\?\\" + other, 17},
-            {"file", "Sub", 183},
-            {"file", "Sub\\c", 183},
-            {"Sub", "b", 5},
-            {"file", "left", 183, "NM"},
-            {"file:AFP_Resource", "b", 123, "N"},
-            {"file", "b:AFP_Resource", 123, "N"},
-            {"file", "._b", 5, "M"},
-            {"file" + resource, "b", 5, "M"},
-            {"file", "file2" + resource, 5, "M"},
-            {"damaged", "b", 1392, "M"},
-        };
+        } rows[] = {{"none", "b", 2},
+                    {"file", "none\\b", 3},
+                    {"file", "\\\\.\\NUL", 2},
+                    {"file", "\\\\?\\" + other, 17},
+                    {"file", "Sub", 183},
+                    {"file", "Sub\\c", 183},
+                    {"Sub", "b", 5},
+                    {"file", "left", 183, "NM"},
+                    {"file:AFP_Resource", "b", 123, "N"},
+                    {"file", "b:AFP_Resource", 123, "N"},
+                    {"file", "._b", 5, "M"},
+                    {"file" + resource, "b", 5, "M"},
+                    {"file", "file2" + resource, 5, "M"},
+                    {"damaged", "b", 1392, "M"}};
         for (const auto& row : rows) {
             if (std::string(row.drives).find(drive) == std::string::npos) continue;
             CHECK_MESSAGE(move(row.from, row.to) == row.error, drive, row.from, row.to);
