@@ -44,6 +44,7 @@ constexpr SystemText kSystemTexts[] = {
     {ERROR_FILENAME_EXCED_RANGE, "The filename or extension is too long.\r\n"},
     {ERROR_FILE_TOO_LARGE, "The file size exceeds the limit allowed and cannot be saved.\r\n"},
     {ERROR_MORE_DATA, "More data is available.\r\n"},
+    {ERROR_CAN_NOT_COMPLETE, "Cannot complete this function.\r\n"},
     {ERROR_IO_DEVICE, "The request could not be performed because of an I/O device error.\r\n"},
     {ERROR_CANCELLED, "The operation was canceled by the user.\r\n"},
     {ERROR_FILE_CORRUPT, "The file or directory is corrupted and unreadable.\r\n"},

@@ -88,8 +88,8 @@ class ResourceForkReader {
 
     // Opens the fork that is the file at `path`, which the caller keeps, for as long as it is open; others
     // may read it, too, and no one write to it. Closes the one that is open. Returns 1, or 0 with the last
-    // error and closed: ERROR_FILE_INVALID for an empty fork, ERROR_HANDLE_EOF for one that is shorter than
-    // it says or than the shortest map, else the system's.
+    // error and closed: ERROR_CAN_NOT_COMPLETE for an empty fork, ERROR_HANDLE_EOF for one that is shorter
+    // than it says or than the shortest map, else the system's.
     BOOL Open(const char* path) noexcept;
 
     // The same for a fork that is a part of a file, or in memory. There is no path then.
