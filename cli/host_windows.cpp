@@ -1,6 +1,7 @@
 #include "host.h"
 
 #include "base/full_path.h"
+#include "base/text.h"
 #include "module/module_state.h"
 
 #include <algorithm>
@@ -96,6 +97,31 @@ std::string identityOf(const std::string& typed) {
 
 std::string windowsNameOf(const std::string& typedName) {
     return typedName;
+}
+
+size_t fileNameStart(const std::string& typed) {
+    const char* const text = typed.c_str();
+    const char* start = text;
+    for (const char* at = text; *at != '\0'; at = tidewell::nextCharacter(at)) {
+        if (*at == '\\' || *at == '/' || *at == ':') start = at + 1;
+    }
+    return static_cast<size_t>(start - text);
+}
+
+const MacCharacters& macCharacters() {
+    constexpr UINT kMacRoman = 10000;
+    static const MacCharacters characters = [] {
+        MacCharacters all;
+        for (size_t i = 0; i < all.size(); ++i) {
+            const char byte = static_cast<char>(i);
+            WCHAR unit = 0;
+            // Windows may lack the table; ASCII needs none.
+            const bool known = MultiByteToWideChar(kMacRoman, 0, &byte, 1, &unit, 1) == 1;
+            all[i] = i < 0x80 ? static_cast<char16_t>(i) : known ? static_cast<char16_t>(unit) : u'?';
+        }
+        return all;
+    }();
+    return characters;
 }
 
 std::string freshNameIn(const std::string& typedFolder) {
