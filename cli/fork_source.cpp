@@ -37,6 +37,20 @@ ErrorCode openOwnFork(const std::string& path, ForkBytes& bytes) {
     return error;
 }
 
+// A listing asks for a few bytes tens of thousands of times, and the system would take its time for each.
+// A fork of no sane size stays where it is.
+ErrorCode readIntoMemory(ForkBytes& bytes) {
+    constexpr uint64_t kMost = 32 * 1024 * 1024;  // no resource's data begins beyond the first 16 MB
+    uint64_t size = 0;
+    ErrorCode error = bytes.GetSize(size);
+    if (error != 0 || size == 0 || size > kMost) return error;
+    tidewell::PageBuffer memory = tidewell::PageBuffer::allocate(static_cast<SIZE_T>(size));
+    if (!memory) return 0;
+    error = bytes.ReadWholeAt(0, memory.data(), static_cast<DWORD>(size));
+    if (error == 0) bytes = ForkBytes(std::move(memory), size);
+    return error;
+}
+
 }  // namespace
 
 Failure openForkBytes(const ForkSource& source, ForkBytes& bytes) {
@@ -54,8 +68,10 @@ Failure openForkBytes(const ForkSource& source, ForkBytes& bytes) {
 Failure openFork(const ForkSource& source, tidewell::ResourceForkReader& reader) {
     ForkBytes bytes;
     if (Failure failure = openForkBytes(source, bytes); failure.error != 0) return failure;
+    ErrorCode error = readIntoMemory(bytes);
+    if (error != 0) return {error, {}};
     if (reader.Open(std::move(bytes))) return {};
-    const ErrorCode error = tidewell::lastError();
+    error = tidewell::lastError();
     if (error == ERROR_CAN_NOT_COMPLETE) return kNoResources;
     return {error, error == ERROR_HANDLE_EOF ? "It is no resource fork, or it ends too early." : ""};
 }

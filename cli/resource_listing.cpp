@@ -15,8 +15,9 @@ using tidewell::ReferenceEntry;
 using tidewell::ResourceForkReader;
 using tidewell::TypeEntry;
 
-// Longer names push what is behind them out of its column.
-constexpr size_t kWidestName = 32;
+// Of the names' column. Longer names push what is behind them out of its own.
+constexpr size_t kNarrowest = 16;
+constexpr size_t kWidest = 32;
 
 std::string rightAligned(const std::string& text, size_t width) {
     return std::string(width - std::min(width, text.size()), ' ') + text;
@@ -52,11 +53,11 @@ std::string textOfType(ResourceForkReader& reader, const TypeEntry& type,
     tidewell::FormatTypeCode(type.type, code);
     std::string text = withoutControls(code) + "  " + withoutControls(descriptionOf(type.type)) + "\n";
     std::vector<std::string> names;
-    size_t width = 0;
+    size_t width = kNarrowest;
     for (const ReferenceEntry& reference : all) {
         names.push_back(nameOf(reader, reference).value_or(""));
         // Each of the Mac's characters takes a byte.
-        width = std::max(width, std::min(names.back().size(), kWidestName));
+        width = std::max(width, std::min(names.back().size(), kWidest));
     }
     for (size_t i = 0; i < all.size(); ++i) {
         const std::string gap(width - std::min(width, names[i].size()), ' ');
