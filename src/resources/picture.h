@@ -29,8 +29,9 @@ constexpr unsigned kMostPictureSide = 1024;
 bool IsPictureType(const ResourceType& type);
 
 // The picture that `length` bytes of data are. `mask` is the data of the black and white icon of the same
-// number ('ICN#' or 'ics#', IconMaskType), which has the mask of an 'icl4', 'icl8', 'ics4' or 'ics8'; null:
-// the icon covers all of its square. Empty for data that is none, or damaged, and without memory.
+// number, an 'ICN#' for an 'icl4' or 'icl8' and an 'ics#' for an 'ics4' or 'ics8', whose mask is theirs; null
+// or too short for a mask: the icon covers all of its square. Other types have no use for it. Empty for data
+// that is none, or damaged, and without memory.
 Picture DecodePicture(const ResourceType& type, const uint8_t* data, uint32_t length, const uint8_t* mask,
                       uint32_t maskLength);
 
