@@ -4,7 +4,6 @@
 
 #include "base/error_code.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -37,10 +36,6 @@ std::string windowsNameOf(const std::string& typedName);
 
 // Where the file name of a path begins, as typed.
 size_t fileNameStart(const std::string& typed);
-
-// The characters of the Mac Roman character set, by their bytes.
-using MacCharacters = std::array<char16_t, 256>;
-const MacCharacters& macCharacters();
 
 // A file name in `typedFolder` that nothing has yet.
 std::string freshNameIn(const std::string& typedFolder);

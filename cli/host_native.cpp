@@ -3,18 +3,14 @@
 #include "pc/host/host.h"
 #include "pc/names/host_name.h"
 #include "pc/names/mac_host_name.h"
-#include "pc/names/mac_roman.h"
-#include "pc/names/utf8.h"
 #include "pc/devices/mac_volume_driver.h"
 #include "pc/pc.h"
 
 #include "base/path.h"
 #include "module/module_state.h"
 
-#include <algorithm>
 #include <csignal>
 #include <filesystem>
-#include <numeric>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -129,18 +125,6 @@ std::string windowsNameOf(const std::string& typedName) {
 
 size_t fileNameStart(const std::string& typed) {
     return typed.rfind('/') + 1;  // 0 without one
-}
-
-const MacCharacters& macCharacters() {
-    static const MacCharacters characters = [] {
-        std::string bytes(256, '\0');
-        std::iota(bytes.begin(), bytes.end(), '\0');
-        MacCharacters all;
-        const std::u16string units = pc::utf16FromUtf8(pc::utf8FromMacRoman(bytes));
-        std::copy_n(units.begin(), all.size(), all.begin());
-        return all;
-    }();
-    return characters;
 }
 
 std::string freshNameIn(const std::string& typedFolder) {

@@ -108,22 +108,6 @@ size_t fileNameStart(const std::string& typed) {
     return static_cast<size_t>(start - text);
 }
 
-const MacCharacters& macCharacters() {
-    constexpr UINT kMacRoman = 10000;
-    static const MacCharacters characters = [] {
-        MacCharacters all;
-        for (size_t i = 0; i < all.size(); ++i) {
-            const char byte = static_cast<char>(i);
-            WCHAR unit = 0;
-            // Windows may lack the table; ASCII needs none.
-            const bool known = MultiByteToWideChar(kMacRoman, 0, &byte, 1, &unit, 1) == 1;
-            all[i] = i < 0x80 ? static_cast<char16_t>(i) : known ? static_cast<char16_t>(unit) : u'?';
-        }
-        return all;
-    }();
-    return characters;
-}
-
 std::string freshNameIn(const std::string& typedFolder) {
     for (unsigned n = 0;; ++n) {
         std::string name = "tw" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(n) + ".tmp";

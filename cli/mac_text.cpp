@@ -1,11 +1,12 @@
 #include "mac_text.h"
 
-#include "host.h"
+#include "base/mac_roman.h"
 
 #include <windows.h>
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 namespace cli {
 
@@ -15,10 +16,15 @@ bool isControl(char16_t unit) {
     return unit < ' ' || unit == 0x7F;
 }
 
+char16_t unitOfMac(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x80 ? char16_t{byte} : tidewell::kMacRomanUpperHalf[byte - 0x80];
+}
+
 std::u16string unitsOfMac(const std::string& mac) {
     std::u16string units;
     for (const char c : mac)
-        units += macCharacters()[static_cast<unsigned char>(c)];
+        units += unitOfMac(c);
     return units;
 }
 
@@ -68,12 +74,12 @@ std::string textOfMac(const std::string& mac) {
 }
 
 std::optional<std::string> macOfTyped(const std::string& typed) {
-    const MacCharacters& characters = macCharacters();
+    constexpr auto& kUpperHalf = tidewell::kMacRomanUpperHalf;
     std::string mac;
     for (const char16_t unit : unitsOfText(typed)) {
-        const auto* const found = std::find(characters.begin(), characters.end(), unit);
-        if (found == characters.end()) return std::nullopt;
-        mac += static_cast<char>(found - characters.begin());
+        const auto* const found = std::find(std::begin(kUpperHalf), std::end(kUpperHalf), unit);
+        if (unit >= 0x80 && found == std::end(kUpperHalf)) return std::nullopt;
+        mac += static_cast<char>(unit < 0x80 ? unit : 0x80 + (found - std::begin(kUpperHalf)));
     }
     return mac;
 }
