@@ -45,3 +45,4 @@ tidewell_add_fuzzer(binhex ${PROJECT_SOURCE_DIR}/fuzz/extraction_fuzzer.cpp
                     ${PROJECT_SOURCE_DIR}/fuzz/binhex_mutator.cpp)
 target_compile_definitions(fuzz_binhex PRIVATE TIDEWELL_FUZZ_NAME="in.hqx")
 tidewell_add_fuzzer(apple_double ${PROJECT_SOURCE_DIR}/fuzz/apple_double_fuzzer.cpp)
+tidewell_add_fuzzer(resource_fork ${PROJECT_SOURCE_DIR}/fuzz/resource_fork_fuzzer.cpp)
