@@ -1,6 +1,5 @@
 // The Finder information that the Mac volume gives of what it holds, as the library reads it.
 #include "macfile/finder_info.h"
-#include "pc/names/utf8.h"
 #include "support/volume_files.h"
 
 #include <doctest/doctest.h>
@@ -20,11 +19,6 @@ struct InfoFolder : MacFolder {
     std::string macNameOf(const std::string& item) const {
         const auto info = infoOf(item);
         return std::string(info.name, info.name + info.nameLength);
-    }
-    std::string unicodeNameOf(const std::string& item) const {
-        const auto info = infoOf(item);
-        return pc::utf8FromUtf16(
-            std::u16string(info.unicodeName, info.unicodeName + info.unicodeNameSize / 2));
     }
 };
 
@@ -62,7 +56,7 @@ TEST_CASE_FIXTURE(InfoFolder, "folders count their items and keep settings besid
         CHECK(info.fileCount == (root ? 4 : 0));
         CHECK(info.folderCount == (root ? 3 : 0));
     }
-    CHECK(unicodeNameOf("") == "Volume");
+    CHECK(macNameOf("") == "Volume");
 }
 
 TEST_CASE_FIXTURE(InfoFolder, "the real name counts until the file is renamed") {
@@ -80,9 +74,7 @@ TEST_CASE_FIXTURE(InfoFolder, "the real name counts until the file is renamed") 
         const auto length = static_cast<uint32_t>(row[1].size());
         folder.write("._" + row[0], appleDoubleHeader({{3, 38, length}}) + row[1]);
         CHECK(macNameOf(row[0]) == row[2]);
-        CHECK(unicodeNameOf(row[0]) == row[0]);
     }
     folder.write("a:b", "");
     CHECK(macNameOf("a\uF022b") == "a/b");
-    CHECK(unicodeNameOf("a\uF022b") == "a/b");
 }

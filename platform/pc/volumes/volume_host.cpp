@@ -37,7 +37,7 @@ bool truncates(uint32_t disposition) {
 Error Volume::truncate(const std::string&, uint32_t disposition, File& file) {
     uint64_t size = 0;
     const Error error = truncates(disposition) ? file.size(size) : 0;
-    return error == 0 && size != 0 ? file.setSize(0) : error;
+    return error == 0 && size != 0 ? file.truncate() : error;
 }
 
 Error answerQuery(const HostStatus& status, Opened& opened) {
