@@ -12,29 +12,25 @@
 using namespace tidewell;
 
 TEST_CASE("JoinPath separates only where a separator is missing") {
-    const struct {
-        const char* dir;
-        const char* name;
-        const char* joined;
-    } rows[] = {
+    const char* const rows[][3] = {
         {"C:\\Work", "a.txt", "C:\\Work\\a.txt"},
         {"C:\\", "a.txt", "C:\\a.txt"},
         {"C:\\a.txt", ":AFP_Resource", "C:\\a.txt:AFP_Resource"},
         {"C:\\Work", "", "C:\\Work\\"},
     };
-    for (const auto& row : rows) {
-        const DWORD size = static_cast<DWORD>(std::strlen(row.joined) + 1);
+    for (const auto& [dir, name, joined] : rows) {
+        const DWORD size = static_cast<DWORD>(std::strlen(joined) + 1);
         char same[kPathCapacity];
-        std::strcpy(same, row.dir);
-        CHECK(JoinPath(same, sizeof same, same, row.name) == size);
-        CHECK(std::string(same) == row.joined);
+        std::strcpy(same, dir);
+        CHECK(JoinPath(same, sizeof same, same, name) == size);
+        CHECK(std::string(same) == joined);
 
         char out[kPathCapacity];
         std::memset(out, '#', sizeof out);
-        CHECK(JoinPath(out, size - 1, row.dir, row.name) == size);
+        CHECK(JoinPath(out, size - 1, dir, name) == size);
         CHECK(out[0] == '#');
-        CHECK(JoinPath(out, size, row.dir, row.name) == size);
-        CHECK(std::string(out) == row.joined);
+        CHECK(JoinPath(out, size, dir, name) == size);
+        CHECK(std::string(out) == joined);
         CHECK(out[size] == '#');
     }
 }

@@ -74,13 +74,11 @@ TEST_CASE_FIXTURE(ModuleState, "The window shows after a second, and the time re
     const TestWindow owner("owner", WS_POPUP | WS_VISIBLE);
     SetActiveWindow(owner);
     const ProgressInWindow paused(TRUE);
-    const ProgressInWindow minutes(FALSE, owner);
-    const ProgressInWindow seconds;
-    CHECK(GetWindow(minutes.window(), GW_OWNER) == owner);
-    CHECK(GetWindow(seconds.window(), GW_OWNER) == nullptr);
+    const ProgressInWindow seconds(FALSE, owner);
+    CHECK(GetWindow(seconds.window(), GW_OWNER) == owner);
     CHECK(IsWindowEnabled(owner));
     const uint64_t total = 3'000'000;
-    for (const ProgressInWindow* const progress : {&paused, &minutes, &seconds}) {
+    for (const ProgressInWindow* const progress : {&paused, &seconds}) {
         CHECK((timersOf[progress->window()] == Timers{{0, 1000}, {1, 2000}}));
         progress->ring(1);  // with nothing done
         CHECK(ProgressSetTotal(*progress, &total));
@@ -89,10 +87,9 @@ TEST_CASE_FIXTURE(ModuleState, "The window shows after a second, and the time re
     }
     CHECK(GetActiveWindow() == owner);
     // As much time is to come as the work has taken.
-    minutes->clock = SystemTime100ns() - 140 * kSecond;
     seconds->clock = SystemTime100ns() - 42 * kSecond;
 
-    for (const ProgressInWindow* const progress : {&paused, &minutes, &seconds}) {
+    for (const ProgressInWindow* const progress : {&paused, &seconds}) {
         progress->ring(2);
         CHECK_FALSE(IsWindowVisible(progress->window()));
         CHECK(progress->text(IDC_PROGRESS_TIME).empty());
@@ -105,7 +102,6 @@ TEST_CASE_FIXTURE(ModuleState, "The window shows after a second, and the time re
         CHECK(progress->shows(IDC_PROGRESS_BAR) == (progress != &paused));
     }
     CHECK(seconds.text(IDC_PROGRESS_TIME) == "45 Seconds Remaining");
-    CHECK(minutes.text(IDC_PROGRESS_TIME) == "3 Minutes Remaining");
     CHECK(paused.text(IDC_PROGRESS_TIME).empty());
     // Less than a second is not told; what was there stays.
     seconds->clock = SystemTime100ns() - kSecond / 2;

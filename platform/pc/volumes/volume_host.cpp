@@ -29,7 +29,7 @@ bool mayCreate(uint32_t disposition) {
 }
 
 bool truncates(uint32_t disposition) {
-    return disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING;
+    return disposition == CREATE_ALWAYS;
 }
 
 // Nothing of an empty file: a host may take that for the replacing of one, and write the new one out at the
@@ -67,7 +67,7 @@ Error VolumeHost::openWith(const std::string& path, const HostAccess& access, Op
 }
 
 Error VolumeHost::open(const std::string& path, const OpenMode& mode, Opened& opened) const {
-    if (mode.disposition < CREATE_NEW || mode.disposition > TRUNCATE_EXISTING) return ERROR_INVALID_PARAMETER;
+    if (mode.disposition < CREATE_NEW || mode.disposition > OPEN_ALWAYS) return ERROR_INVALID_PARAMETER;
     HostAccess access{mode.read, mode.write || truncates(mode.disposition), false};
     HostStatus status;
     Error error = host_->status(path, status);
