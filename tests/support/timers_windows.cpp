@@ -11,8 +11,7 @@ namespace {
 UINT_PTR WINAPI setTimer(HWND window, UINT_PTR timer, UINT interval, TIMERPROC procedure) {
     static const auto real = systemFunction<decltype(&SetTimer)>("user32.dll", "SetTimer");
     if (!window) return real(window, timer, interval, procedure);
-    const bool toWindow = procedure == nullptr;
-    CHECK(toWindow);
+    CHECK((procedure == nullptr));
     timersOf[window][timer] = interval;
     return 1;
 }

@@ -176,7 +176,7 @@ Error MacVolume::openStore(const Place& place, Store& store) {
 }
 
 Error MacVolume::open(const std::string& path, const OpenMode& mode, Opened& opened) {
-    if (mode.disposition < CREATE_NEW || mode.disposition > TRUNCATE_EXISTING) return ERROR_INVALID_PARAMETER;
+    if (mode.disposition < CREATE_NEW || mode.disposition > OPEN_ALWAYS) return ERROR_INVALID_PARAMETER;
     Place place;
     Error error = locate(path, place);
     if (error != 0) return error;

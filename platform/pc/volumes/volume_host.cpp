@@ -29,7 +29,7 @@ bool mayCreate(uint32_t disposition) {
 }
 
 bool truncates(uint32_t disposition) {
-    return disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING;
+    return disposition == CREATE_ALWAYS;
 }
 
 // Nothing of an empty file: a host may take that for the replacing of one, and write the new one out at the
@@ -37,7 +37,7 @@ bool truncates(uint32_t disposition) {
 Error Volume::truncate(const std::string&, uint32_t disposition, File& file) {
     uint64_t size = 0;
     const Error error = truncates(disposition) ? file.size(size) : 0;
-    return error == 0 && size != 0 ? file.setSize(0) : error;
+    return error == 0 && size != 0 ? file.truncate() : error;
 }
 
 Error answerQuery(const HostStatus& status, Opened& opened) {
@@ -67,7 +67,7 @@ Error VolumeHost::openWith(const std::string& path, const HostAccess& access, Op
 }
 
 Error VolumeHost::open(const std::string& path, const OpenMode& mode, Opened& opened) const {
-    if (mode.disposition < CREATE_NEW || mode.disposition > TRUNCATE_EXISTING) return ERROR_INVALID_PARAMETER;
+    if (mode.disposition < CREATE_NEW || mode.disposition > OPEN_ALWAYS) return ERROR_INVALID_PARAMETER;
     HostAccess access{mode.read, mode.write || truncates(mode.disposition), false};
     HostStatus status;
     Error error = host_->status(path, status);
