@@ -29,20 +29,14 @@ std::string bytesAt(const Bytes& bytes, uint64_t at, uint64_t count) {
 
 std::string listed(ResourceForkReader& reader) {
     std::string text;
-    for (int i = 0; i < static_cast<int>(reader.TypeCount()) && i < kMostListed; ++i) {
+    for (uint16_t i = 0; i < reader.TypeCount() && i < kMostListed; ++i) {
         TypeEntry type;
-        if (!reader.ReadTypeEntry(static_cast<uint16_t>(i), type)) {
-            text += "no type\n";
-            continue;
-        }
-        text += std::string(std::begin(type.type.bytes), std::end(type.type.bytes)) + "\n";
-        for (int j = 0; j <= type.lastIndex && j < kMostListed; ++j) {
+        if (!reader.ReadTypeEntry(i, type)) continue;
+        text.append(std::begin(type.type.bytes), std::end(type.type.bytes));
+        for (uint16_t j = 0; j <= type.lastIndex && j < kMostListed; ++j) {
             ReferenceEntry entry;
-            if (!reader.ReadReferenceEntry(type, static_cast<uint16_t>(j), entry)) {
-                text += "no reference\n";
-                continue;
-            }
-            char name[255] = "none";
+            if (!reader.ReadReferenceEntry(type, j, entry)) continue;
+            char name[256] = "none";
             reader.ReadName(entry, name, sizeof name);
             uint32_t length = 0;
             const PageBuffer data = reader.ReadData(entry, length);
@@ -67,22 +61,16 @@ std::string listedByFormat(const Bytes& fork) {
     std::string text;
     for (int i = 0; i <= signedNumber(first + 28) && i < kMostListed; ++i) {
         const uint64_t type = types + 2 + 8 * static_cast<unsigned>(i);
-        text += holds(type, 8) ? bytesAt(fork, type, 4) + "\n" : "no type\n";
-        for (unsigned j = 0; holds(type, 8) && j <= number(type + 4, 2) && j < kMostListed; ++j) {
+        if (!holds(type, 8)) continue;
+        text += bytesAt(fork, type, 4);
+        for (unsigned j = 0; j <= number(type + 4, 2) && j < kMostListed; ++j) {
             const uint64_t entry = types + number(type + 6, 2) + 12 * j;
-            if (!holds(entry, 12)) {
-                text += "no reference\n";
-                continue;
-            }
+            if (!holds(entry, 12)) continue;
             // Behind the end, where the position is negative.
-            const uint64_t nameAt =
-                map + number(first + 26, 2) + static_cast<uint64_t>(signedNumber(entry + 2));
+            const uint64_t at = map + number(first + 26, 2) + static_cast<uint64_t>(signedNumber(entry + 2));
             std::string name = "none";
-            if (signedNumber(entry + 2) != -1 && nameAt < fork.size()) {
-                const uint64_t length = std::min<uint64_t>(fork[nameAt], 254);
-                if (length > 0)
-                    name = holds(nameAt + 1, length) ? bytesAt(fork, nameAt + 1, length).c_str() : "";
-            }
+            if (signedNumber(entry + 2) != -1 && at < fork.size() && fork[at] > 0)
+                name = holds(at + 1, fork[at]) ? bytesAt(fork, at + 1, fork[at]).c_str() : "";
             const uint64_t dataAt = number(first, 4) + number(entry + 5, 3);
             std::string data = "none";
             if (holds(dataAt, 4))
@@ -104,69 +92,63 @@ std::string listedFrom(ForkBytes bytes) {
     return reader.Open(std::move(bytes)) ? listed(reader) : "closed";
 }
 
-OwnedFile openFile(const char* path) {
-    OwnedFile file;
-    REQUIRE(OpenForReading(path, file) == 0);
-    return file;
-}
-
+// In the order of their types.
 const std::vector<ForkResource> kResources = {
-    {"ICN#", 128, "Name", 0x20, patternOf(40)},
-    {"STR ", -1, std::nullopt, 0x7F},
-    {"ICN#", -32768, "", 0, {1}},
-    {"ICN#", 7, std::string(254, 'n') + "!", 0, {2, 3}},
+    {"ICN#", 128, "Name", 0x20, patternOf(40)}, {"ICN#", -32768, "", 0, {1}},
+    {"ICN#", 7, std::string(255, 'n')},         {"STR ", -1, std::nullopt, 0x7F},
     {"snd ", 0, "x", 0x80, patternOf(300)},
 };
 // Where the parts of their fork are.
 constexpr size_t kData = 256;
-constexpr size_t kMap = kData + 5 * 4 + 343;
+constexpr size_t kMap = kData + 5 * 4 + 341;
 
 TEST_CASE("A fork is listed as it was written, from a file, a part of one, or memory") {
     TestPc pc;
     const Bytes fork = resourceForkOf(kResources);
-    std::string expected;
-    for (const char* const type : {"ICN#", "STR ", "snd "}) {
-        expected += std::string(type) + "\n";
-        for (const ForkResource& resource : kResources) {
-            std::string name = resource.name.value_or("none").substr(0, 254);
-            if (name.empty()) name = "none";
-            if (resource.type == type)
-                expected += lineOf(resource.id, resource.attributes, name,
-                                   bytesAt(resource.data, 0, resource.data.size()));
-        }
+    std::string expected, type;
+    for (const ForkResource& resource : kResources) {
+        if (type != resource.type) expected += type = resource.type;
+        const std::string name = resource.name.value_or("");
+        expected += lineOf(resource.id, resource.attributes, name.empty() ? "none" : name,
+                           std::string(resource.data.begin(), resource.data.end()));
     }
     CHECK(listedByFormat(fork) == expected);
     CHECK(listedFrom(inMemory(fork)) == expected);
 
     writeMacFile("M:\\file", {.resource = fork});
     const ForkPathsOf paths("M:\\file");
+    const char* const path = paths.resourcePath;
     ResourceForkReader reader;
-    REQUIRE(reader.Open(paths.resourcePath));
-    CHECK(reader.Path() == paths.resourcePath);
+    REQUIRE(reader.Open(path));
+    CHECK(reader.Path() == path);
     CHECK(reader.ForkSize() == fork.size());
     CHECK(listed(reader) == expected);
-    CHECK(CreateFileA(paths.resourcePath, GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0,
-                      nullptr) == INVALID_HANDLE_VALUE);
-    openFile(paths.resourcePath);
+    OwnedFile other;
+    CHECK(OpenForReading(path, other) == 0);
+    CHECK(CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr) ==
+          INVALID_HANDLE_VALUE);
 
     Bytes file = patternOf(100);
     file.insert(file.end(), fork.begin(), fork.end());
     file.resize(file.size() + 100, 0xEE);
     writeFile(kPath, file);
-    REQUIRE(reader.Open(ForkBytes(openFile(kPath), 100, fork.size())));
-    CHECK(reader.Path() == nullptr);
-    CHECK(reader.ForkSize() == fork.size());
-    CHECK(listed(reader) == expected);
-    CHECK(listedFrom(ForkBytes(openFile(kPath), 100, fork.size() - 1)) == "closed");
-    for (const uint64_t start : {uint64_t{file.size() - 10}, uint64_t{file.size() + 10}}) {
+    const struct {
+        uint64_t start, size, there;
+    } parts[] = {{100, fork.size(), fork.size()},
+                 {100, fork.size() - 1, fork.size() - 1},
+                 {file.size() - 10, 50, 10},
+                 {file.size() + 10, 50, 0}};
+    for (const auto& part : parts) {
+        CHECK(OpenForReading(kPath, other) == 0);
+        ForkBytes bytes(std::move(other), part.start, part.size);
         uint64_t size = 0;
-        CHECK(ForkBytes(openFile(kPath), start, 50).GetSize(size) == 0);
-        CHECK(size == (start < file.size() ? 10 : 0));
+        CHECK(bytes.GetSize(size) == 0);
+        CHECK(size == part.there);
+        CHECK(listedFrom(std::move(bytes)) == (part.size == fork.size() ? expected : "closed"));
     }
     SetLastError(1234);
     reader.Close();
     CHECK(GetLastError() == 1234);
-    CHECK(reader.TypeCount() == 0);
     CHECK(reader.ForkSize() == INVALID_FILE_SIZE);
     CHECK(GetLastError() == ERROR_INVALID_HANDLE);
     CHECK(pc.nothingHeld());
@@ -176,80 +158,66 @@ TEST_CASE("Damaged forks are listed as far as they go") {
     TestPc pc;
     pc.journal().setKept(false);
     const Bytes fork = resourceForkOf(kResources);
-    const auto check = [](const Bytes& damaged) {
-        CHECK(listedFrom(inMemory(damaged)) == listedByFormat(damaged));
-    };
-    // Any field of any size, and what is no field.
-    for (size_t at = 0; at < fork.size(); ++at) {
-        if (at == 16) at = kData;
+    // Every field, whatever its size, and what is no field.
+    for (size_t at = 0; at < fork.size(); at = at == 15 ? kData : at + 1) {
         for (size_t size = 1; size <= std::min<size_t>(4, fork.size() - at); ++size) {
             for (const size_t value :
                  {size_t{0}, size_t{1}, SIZE_MAX, fork.size(), fork.size() - kMap, fork.size() - kData}) {
-                CAPTURE(at);
-                CAPTURE(size);
-                CAPTURE(value);
+                INFO(at, ": ", size, " bytes ", value);
                 Bytes damaged = fork;
                 storeBig(damaged, at, size, static_cast<uint32_t>(value));
-                check(damaged);
+                CHECK(listedFrom(inMemory(damaged)) == listedByFormat(damaged));
             }
         }
     }
-    // With lengths that still are within it, any part of it.
-    Bytes shortened = fork;
-    storeBig(shortened, 8, 4, 0);
-    storeBig(shortened, 12, 4, 0);
-    for (; !shortened.empty(); shortened.pop_back())
-        check(shortened);
+    // Any part, with lengths that are within it.
+    Bytes part = fork;
+    storeBig(part, 8, 4, 0);
+    storeBig(part, 12, 4, 0);
+    for (; !part.empty(); part.pop_back())
+        CHECK(listedFrom(inMemory(part)) == listedByFormat(part));
     CHECK(pc.nothingHeld());
 }
 
 TEST_CASE("What is no fork is not opened") {
     TestPc pc;
     Bytes smallest(46);
-    storeBig(smallest, 0, 4, 16);
-    storeBig(smallest, 4, 4, 16);
-    storeBig(smallest, 12, 4, 30);
-    storeBig(smallest, 44, 2, 0xFFFF);
+    for (const auto& [at, value] : {std::pair{0, 16}, {4, 16}, {12, 30}, {42, 0xFFFF}})
+        storeBig(smallest, static_cast<size_t>(at), 4, static_cast<uint32_t>(value));
     const auto with = [&](size_t at, uint32_t value) {
         Bytes fork = smallest;
         storeBig(fork, at, 4, value);
         return fork;
     };
+    Bytes cut = with(4, 17);  // a map that ends too early, whatever its length says
+    storeBig(cut, 12, 4, 29);
     const struct {
         Bytes fork;
         ErrorCode error;
     } cases[] = {
         {smallest, 0},
+        {with(8, 30), 0},
         {{}, ERROR_CAN_NOT_COMPLETE},
         {{0}, ERROR_HANDLE_EOF},
         {Bytes(smallest.begin(), smallest.end() - 1), ERROR_HANDLE_EOF},
-        {with(8, 30), 0},
         {with(8, 31), ERROR_HANDLE_EOF},
         {with(8, 0xFFFFFFF0), ERROR_HANDLE_EOF},
         {with(12, 31), ERROR_HANDLE_EOF},
         {with(12, 0xFFFFFFF0), ERROR_HANDLE_EOF},
-        {with(4, 17), ERROR_HANDLE_EOF},
+        {cut, ERROR_HANDLE_EOF},
     };
     ResourceForkReader reader;
     for (const auto& test : cases) {
         CAPTURE(&test - cases);
         writeFile(kPath, test.fork);
-        SetLastError(1234);
         CHECK(reader.Open(kPath) == (test.error == 0));
         if (test.error != 0) CHECK(GetLastError() == test.error);
-        CHECK(reader.TypeCount() == 0);
         CHECK((reader.Path() == nullptr) == (test.error != 0));
+        CHECK(reader.TypeCount() == 0);
         reader.Close();
     }
-    // A map that is cut by the end, though its length is not.
-    Bytes cut = with(4, 17);
-    storeBig(cut, 12, 4, 29);
-    CHECK(!reader.Open(inMemory(cut)));
-    CHECK(GetLastError() == ERROR_HANDLE_EOF);
     CHECK(!reader.Open("N:\\nothing"));
     CHECK(GetLastError() == ERROR_FILE_NOT_FOUND);
-    CHECK(!reader.Open(ForkBytes()));
-    CHECK(GetLastError() == ERROR_INVALID_HANDLE);
     CHECK(pc.nothingHeld());
 }
 
@@ -257,8 +225,8 @@ TEST_CASE("A name is cut to its buffer, or tells why there is none") {
     TestPc pc;
     Bytes fork =
         resourceForkOf({{"TEXT", 0, "abcd"}, {"TEXT", 1}, {"TEXT", 2, ""}, {"TEXT", 3}, {"TEXT", 4}});
-    const size_t references = fork.size() - 6 - 5 * 12;
-    storeBig(fork, references + 3 * 12 + 2, 2, 6);       // at the end
+    const size_t references = fork.size() - 5 * 12;
+    storeBig(fork, references + 3 * 12 + 2, 2, 0x7FFF);  // behind the end
     storeBig(fork, references + 4 * 12 + 2, 2, 0x8000);  // before the start
     ResourceForkReader reader;
     REQUIRE(reader.Open(inMemory(fork)));
@@ -266,11 +234,11 @@ TEST_CASE("A name is cut to its buffer, or tells why there is none") {
     REQUIRE(reader.ReadTypeEntry(0, type));
     const struct {
         uint16_t index;
-        uint8_t size;
+        unsigned size;
         const char* text;
         ErrorCode error;
     } cases[] = {
-        {0, 255, "abcd", 0},
+        {0, 300, "abcd", 0},
         {0, 5, "abcd", 0},
         {0, 4, "abc", 0},
         {0, 3, "ab", ERROR_BUFFER_OVERFLOW},
@@ -280,7 +248,7 @@ TEST_CASE("A name is cut to its buffer, or tells why there is none") {
         {1, 0, "########", NO_ERROR},
         {2, 8, "########", ERROR_INVALID_DATA},
         {2, 0, "########", ERROR_INVALID_PARAMETER},
-        {3, 0, "########", ERROR_HANDLE_EOF},
+        {3, 0, "########", ERROR_HANDLE_EOF},  // read before the buffer is looked at
         {4, 8, "########", ERROR_NEGATIVE_SEEK},
     };
     for (const auto& test : cases) {
@@ -288,16 +256,11 @@ TEST_CASE("A name is cut to its buffer, or tells why there is none") {
         ReferenceEntry entry;
         REQUIRE(reader.ReadReferenceEntry(type, test.index, entry));
         char name[] = "########";
-        SetLastError(1234);
         const BOOL read = reader.ReadName(entry, name, test.size);
         CHECK(read == (test.index == 0 && test.size >= 4));
         if (!read) CHECK(GetLastError() == test.error);
         CHECK(std::string(name) == test.text);
     }
-    ReferenceEntry entry;
-    REQUIRE(reader.ReadReferenceEntry(type, 0, entry));
-    CHECK(!reader.ReadName(entry, nullptr, 8));
-    CHECK(GetLastError() == ERROR_INVALID_PARAMETER);
 }
 
 TEST_CASE("Data is read up to a limit, and never more than there is") {
@@ -322,12 +285,6 @@ TEST_CASE("Data is read up to a limit, and never more than there is") {
         CHECK(std::memcmp(data.data(), &fork[kData + test.offset + 4], length) == 0);
         CHECK(pc.journal().text().find("VirtualAlloc  " + std::to_string(length)) != std::string::npos);
     }
-    const ReferenceEntry outside = {0, 0, 0, {0xFF, 0xFF, 0xFF}, 0};
-    uint32_t length = 0;
-    CHECK(!reader.ReadData(outside, length));
-    CHECK(GetLastError() == ERROR_HANDLE_EOF);
-    CHECK(!reader.ReadDataLength(outside, length));
-    CHECK(GetLastError() == ERROR_HANDLE_EOF);
 }
 
 TEST_CASE("A request that fails tells the system's error, and the next one succeeds") {

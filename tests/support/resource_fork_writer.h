@@ -17,8 +17,8 @@ struct ForkResource {
 };
 
 // Types, and the resources of a type, in the order of the list. The data area begins at 256, as in forks that
-// the Mac writes. Throws where the format has no room: names of more than 32 KB, a type list and all lists of
-// references but the last of more than 64 KB, data of more than 16 MB.
+// the Mac writes. Names may take 32 KB. Throws where the format has no room: for types, names and all lists
+// of references but the last of more than 64 KB, for data of more than 16 MB.
 Bytes resourceForkOf(const std::vector<ForkResource>& resources);
 
 #endif
