@@ -91,12 +91,14 @@ for own in fork out/link; do
 done
 mac_file make Beside 10 10 TEXT ttxt 0
 cp ._Beside before
-for bad in "5 out" "2 nowhere/file" "80 ._Beside" "5 /dev/null"; do
+mkfifo pipe
+ln -s pipe link
+for bad in "5 out" "2 nowhere/file" "80 ._Beside" "5 pipe" "5 link" "5 out/."; do
     run resources Demo --fork --replace=yes -o "${bad#* }"
     expect "$bad" 1 "" "tidewell: *: error ${bad% *}: ?*"
 done
 same_bytes "AppleDouble files are left alone" ._Beside before
-[ -c /dev/null ] || fail "a device was replaced"
+[ -p pipe ] && [ -h link ] || fail "a pipe was replaced"
 
 # What fails leaves nothing.
 python3 -c 'import json; json.dump([["BIG ", 1, None, 0, "x" * 2000000]], open("big.json", "w"))'
@@ -133,7 +135,7 @@ expect "a damaged picture" 1 "" "tidewell: bad: error 13: ICON_1.png is left out
 # What is no fork.
 head -c 200 fork >cut
 head -c 300 Demo.hqx >short.hqx
-tr U V <Demo.bin >damaged.bin
+tr T U <Demo.bin >damaged.bin
 echo text >none.hqx
 : >empty
 for bad in "38 --data cut" "1003 --data empty" "1003 resources.json" "1003 Demo.data" "38 short.hqx" "23 damaged.bin" \
