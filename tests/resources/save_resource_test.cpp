@@ -17,14 +17,15 @@ const std::vector<ForkResource> kResources = {{"DATA", 1, {}, 0, kData}, {"tiny"
 
 enum class Saved { binary, hexText, fork };
 
+constexpr char kFork[] = "N:\\file:AFP_Resource";
+
 ErrorCode save(Saved saved) {
-    const ForkPathsOf paths("N:\\file");
-    if (saved == Saved::fork) return SaveFork(paths.resourcePath, nullptr, kOutput);
+    if (saved == Saved::fork) return SaveFork(kFork, nullptr, kOutput);
     ResourceForkReader reader;
     TypeEntry type;
     ReferenceEntry reference;
     const uint16_t index = saved == Saved::binary ? 0 : 1;
-    if (!reader.Open(paths.resourcePath) || !reader.ReadTypeEntry(index, type) ||
+    if (!reader.Open(kFork) || !reader.ReadTypeEntry(index, type) ||
         !reader.ReadReferenceEntry(type, 0, reference))
         return GetLastError();
     return SaveResource(reader, reference,
@@ -34,7 +35,7 @@ ErrorCode save(Saved saved) {
 Bytes wholeOf(Saved saved) {
     switch (saved) {
     case Saved::binary: return kData;
-    case Saved::hexText: return bytesOf("0000: 74696e79                            tiny");
+    case Saved::hexText: return bytesOf("0000: 74696e79" + std::string(29, ' ') + "tiny");
     case Saved::fork: break;
     }
     return resourceForkOf(kResources);
@@ -83,7 +84,9 @@ TEST_CASE("Saving: every call fails in turn, once and for good, and the file tha
                 INFO(once.call);
                 const bool memory = once.call == "VirtualAlloc" || once.call == "HeapAlloc";
                 const ErrorCode wanted = memory ? ERROR_NOT_ENOUGH_MEMORY : ERROR_CRC;
-                CHECK((once.error == wanted || once.error == 0));
+                // The file that is there is only looked at.
+                const bool look = once.call == "CloseHandle" && once.error == 0;
+                CHECK((once.error == wanted || (old && look)));
                 runWith(saved, old, n, true);
             }
         }
