@@ -60,7 +60,7 @@ Picture drawBitmap(const BitmapFormat& format, const uint8_t* rows, const uint8_
 // Black outside of its mask inverts what is on the screen, which is mostly white.
 Picture drawCursor(const BitmapFormat& format, const uint8_t* rows, const uint8_t* mask) {
     uint8_t covered[16 * 16 / 8];
-    for (size_t i = 0; i < sizeof covered; ++i)
+    for (size_t i = 0; i < format.maskSize(); ++i)
         covered[i] = rows[i] | mask[i];
     return drawBitmap(format, rows, covered);
 }
