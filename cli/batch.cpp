@@ -2,7 +2,6 @@
 
 #include "host.h"
 #include "replace_policy.h"
-#include "base/path.h"
 #include "module/module_state.h"
 
 #include <optional>
@@ -11,13 +10,6 @@
 namespace cli {
 
 namespace {
-
-Failure checkFolder(const std::string& path) {
-    const DWORD attributes = GetFileAttributesA(path.c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES) return {tidewell::lastErrorOr(ERROR_PATH_NOT_FOUND), {}};
-    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return {ERROR_BAD_PATHNAME, "It is not a folder."};
-    return {};
-}
 
 // While it lives the terminal's line is free of the progress.
 class Quiet {
@@ -40,29 +32,10 @@ Result runOne(Batch& batch, const Command& command, const Source& source) {
     if (failure.error != 0) return {failure, {}};
     // Two processes must not write to one file, each a fork of it.
     std::optional<FolderLock> lock;
-    if (command.writesInPlace) lock.emplace(batch.typedFolder);
-    Result result = command.run(batch, source);
+    if (command.writesInPlace) lock.emplace(batch.folder.typed);
+    const Result result = command.run(batch, source);
     endReplacing(result.failure.error == 0);
-    if (const std::string refusal = takeRefusal(); !refusal.empty()) result.failure.text = refusal;
     return result;
-}
-
-// Returns the exit status that the file leads to.
-int report(const Command& command, const Options& options, const Source& source, const Result& result) {
-    if (result.failure.error == ERROR_CANCELLED) {
-        reportNote("cancelled");
-    } else if (result.failure.error != 0) {
-        reportFailure(source.typed, result.failure);
-    } else if (!result.output.empty()) {
-        const std::string output =
-            typedPathOf(options.outputFolder, tidewell::FileNamePart(result.output.c_str()));
-        protect(result.output, output, "was written a moment ago, from another file");
-        const bool told =
-            print(Stream::output, std::string(command.done) + " " + shownOn(Stream::output, source.typed) +
-                                      " -> " + shownOn(Stream::output, output) + "\n");
-        return told ? kAllDone : kSomethingFailed;
-    }
-    return result.failure.error == 0 ? kAllDone : kSomethingFailed;
 }
 
 }  // namespace
@@ -75,12 +48,10 @@ Failure checkFile(const std::string& windowsPath) {
 }
 
 int runBatch(const Options& options, const Command& command) {
-    const std::string folder = options.outputFolder.empty() ? "." : options.outputFolder;
     Batch batch;
-    batch.typedFolder = options.outputFolder;
-    batch.windowsFolder = windowsPathOf(folder);
-    if (const Failure failure = checkFolder(batch.windowsFolder); failure.error != 0) {
-        reportFailure(folder, failure);
+    const Failure failure = findOutputFolder(options.outputFolder, batch.folder);
+    if (failure.error != 0) {
+        reportFailure(options.outputFolder.empty() ? "." : options.outputFolder, failure);
         return kSomethingFailed;
     }
     std::vector<Source> sources;
@@ -100,7 +71,8 @@ int runBatch(const Options& options, const Command& command) {
         batch.moreFollow = i + 1 < sources.size();
         const Result result = runOne(batch, command, sources[i]);
         const Quiet quiet(batch.progress);
-        if (report(command, options, sources[i], result) != kAllDone) status = kSomethingFailed;
+        if (reportResult(command.done, sources[i].typed, batch.folder, result) != kAllDone)
+            status = kSomethingFailed;
         if (result.failure.error == ERROR_CANCELLED) break;
     }
     tidewell::ProgressDestroy(batch.progress);

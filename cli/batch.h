@@ -3,6 +3,7 @@
 #define TIDEWELL_CLI_BATCH_H
 
 #include "options.h"
+#include "output_file.h"
 #include "report.h"
 #include "ui/progress.h"
 
@@ -16,15 +17,8 @@ struct Source {
     std::string windows;  // its full Windows path
 };
 
-// What a command does with one file.
-struct Result {
-    Failure failure;     // error 0: it went well, or the user keeps what is there
-    std::string output;  // the Windows path that was written; empty when nothing was
-};
-
 struct Batch {
-    std::string typedFolder;  // for the outputs; empty: the current one
-    std::string windowsFolder;
+    OutputFolder folder;
     tidewell::ProgressDialog* progress = nullptr;
     bool moreFollow = false;  // files, after the current one
 };

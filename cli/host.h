@@ -34,6 +34,9 @@ std::string identityOf(const std::string& typed);
 // A file name as Windows programs see it.
 std::string windowsNameOf(const std::string& typedName);
 
+// Where the file name of a path begins, as typed.
+size_t fileNameStart(const std::string& typed);
+
 // A file name in `typedFolder` that nothing has yet.
 std::string freshNameIn(const std::string& typedFolder);
 

@@ -123,6 +123,10 @@ std::string windowsNameOf(const std::string& typedName) {
     return pc::windowsNameOf(typedName);
 }
 
+size_t fileNameStart(const std::string& typed) {
+    return typed.rfind('/') + 1;  // 0 without one
+}
+
 std::string freshNameIn(const std::string& typedFolder) {
     std::error_code error;
     for (unsigned n = 0;; ++n) {

@@ -1,6 +1,7 @@
 #include "host.h"
 
 #include "base/full_path.h"
+#include "base/text.h"
 #include "module/module_state.h"
 
 #include <algorithm>
@@ -96,6 +97,15 @@ std::string identityOf(const std::string& typed) {
 
 std::string windowsNameOf(const std::string& typedName) {
     return typedName;
+}
+
+size_t fileNameStart(const std::string& typed) {
+    const char* const text = typed.c_str();
+    const char* start = text;
+    for (const char* at = text; *at != '\0'; at = tidewell::nextCharacter(at)) {
+        if (*at == '\\' || *at == '/' || *at == ':') start = at + 1;
+    }
+    return static_cast<size_t>(start - text);
 }
 
 std::string freshNameIn(const std::string& typedFolder) {

@@ -6,6 +6,7 @@
 #include "pack.h"
 #include "replace_policy.h"
 #include "report.h"
+#include "resources.h"
 #include "res/version.h"
 #include "ui/user.h"
 
@@ -16,6 +17,10 @@ const tidewell::User kTerminalUser = {&cli::consoleProgress, cli::confirmReplace
 constexpr char kUsage[] =
     "usage: tidewell pack [-o DIR] [--replace=ask|yes|no] FILE...\n"
     "       tidewell extract [-o DIR] [--replace=ask|yes|no] FILE...\n"
+    "       tidewell resources [--data] [--json] FILE\n"
+    "       tidewell resources [--data] --type=TYPE --id=ID --raw|--hex [-o OUT] FILE\n"
+    "       tidewell resources [--data] --fork -o OUT FILE\n"
+    "       tidewell resources [--data] --png=DIR FILE\n"
     "       tidewell --help | --version\n";
 
 constexpr char kHelp[] =
@@ -26,11 +31,22 @@ constexpr char kHelp[] =
     "          into a MacBinary file: its name with .bin for its extension\n"
     "  extract restores the Mac file from each MacBinary (.bin) or BinHex (.hqx) file,\n"
     "          under its Mac name\n"
+    "  resources lists what is in the resource fork of a Mac file, or of the one in a\n"
+    "          MacBinary or BinHex file, and takes resources out of it\n"
     "\n"
     "  -o DIR           the folder for the outputs; the current one without it\n"
     "  --replace=ask    ask before replacing a file (without a terminal: an error)\n"
     "  --replace=yes    replace files\n"
     "  --replace=no     keep files that are there, and go on\n"
+    "\n"
+    "  --data           FILE itself is a resource fork\n"
+    "  --json           list for programs\n"
+    "  --type=TYPE      the wanted resource: its type, as four characters or as 0x and\n"
+    "  --id=ID          8 digits, and its ID\n"
+    "  --raw, --hex     its bytes as they are, or as a hex dump; to the standard output,\n"
+    "                   or to OUT\n"
+    "  --fork           the whole fork, to OUT\n"
+    "  --png=DIR        each icon, cursor and pattern as a PNG file in DIR\n"
     "\n"
     "Exit status: 0 all done, 1 something failed or was cancelled, 2 wrong use.\n"
     "\n";
@@ -48,6 +64,7 @@ int run(const std::vector<std::string>& arguments) {
     switch (options.action) {
     case cli::Action::pack: return cli::pack(options);
     case cli::Action::extract: return cli::extract(options);
+    case cli::Action::resources: return cli::resources(options);
     case cli::Action::help:
         cli::print(cli::Stream::output, std::string(kUsage) + kHelp + cli::macInformationHelp());
         break;

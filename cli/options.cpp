@@ -1,5 +1,7 @@
 #include "options.h"
 
+#include <utility>
+
 namespace cli {
 
 namespace {
@@ -27,9 +29,13 @@ std::string parseOption(const std::vector<std::string>& arguments, size_t& index
         return parseReplace(word, options.replace) ? ""
                                                    : "--replace takes ask, yes or no, not '" + word + "'";
     }
-    if (argument != "-o") return "there is no option '" + argument + "'";
-    if (index + 1 < arguments.size()) options.outputFolder = arguments[++index];
-    return options.outputFolder.empty() ? "-o needs a folder" : "";
+    const bool resources = options.action == Action::resources;
+    if (argument == "-o") {
+        std::string& output = resources ? options.resources.outputFile : options.outputFolder;
+        if (index + 1 < arguments.size()) output = arguments[++index];
+        return !output.empty() ? "" : resources ? "-o needs a file" : "-o needs a folder";
+    }
+    return resources ? parseResourceOption(argument, options.resources) : noSuchOption(argument);
 }
 
 // The options and files of a command, which is the first argument.
@@ -47,7 +53,9 @@ std::string parseFiles(const std::vector<std::string>& arguments, Options& optio
             options.files.push_back(arguments[i]);
         }
     }
-    return options.files.empty() ? arguments[0] + " needs a file" : "";
+    if (options.files.empty()) return arguments[0] + " needs a file";
+    if (options.action != Action::resources) return {};
+    return options.files.size() > 1 ? "resources takes one file" : checkResourceOptions(options.resources);
 }
 
 }  // namespace
@@ -62,8 +70,11 @@ std::string parseOptions(const std::vector<std::string>& arguments, Options& opt
         options.action = Action::version;
         return {};
     }
-    if (arguments[0] == "pack" || arguments[0] == "extract") {
-        options.action = arguments[0] == "pack" ? Action::pack : Action::extract;
+    const std::pair<const char*, Action> commands[] = {
+        {"pack", Action::pack}, {"extract", Action::extract}, {"resources", Action::resources}};
+    for (const auto& [name, action] : commands) {
+        if (arguments[0] != name) continue;
+        options.action = action;
         return parseFiles(arguments, options);
     }
     return "there is no command '" + arguments[0] + "'";

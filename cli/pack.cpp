@@ -5,7 +5,6 @@
 
 #include "convert/create_macbinary.h"
 #include "macfile/fork_paths.h"
-#include "ui/confirm_replace.h"
 
 namespace cli {
 
@@ -32,20 +31,6 @@ std::string outputNameOf(const std::string& source) {
     return typedPathOf({}, stem.c_str()) + ".bin";
 }
 
-// A file of the output folder, by both its names.
-struct OutputFile {
-    OutputFile(const Batch& batch, const std::string& name)
-        : typed(typedPathOf(batch.typedFolder, windowsNameOf(name).c_str())) {
-        char path[tidewell::kPathCapacity];
-        const DWORD size =
-            tidewell::JoinPath(path, sizeof path, batch.windowsFolder.c_str(), windowsNameOf(name).c_str());
-        if (size <= sizeof path) windows = path;
-    }
-
-    std::string typed;
-    std::string windows;  // empty: longer than Windows can hold
-};
-
 uint64_t sizeOfForks(const std::string& path) {
     tidewell::ForkPathBuffers paths;
     tidewell::GetForkPaths(path.c_str(), paths);
@@ -55,33 +40,11 @@ uint64_t sizeOfForks(const std::string& path) {
     return size;
 }
 
-// Packs into a file of another name first: until all of it is there, nothing that the user has is touched.
-ErrorCode packInto(Batch& batch, const Source& source, const OutputFile& output, bool mayReplace) {
-    const OutputFile unfinished(batch, freshNameIn(batch.typedFolder));
-    if (unfinished.windows.empty()) return ERROR_FILENAME_EXCED_RANGE;
-    ErrorCode error =
-        tidewell::PackMacFile(source.windows.c_str(), unfinished.windows.c_str(), batch.progress);
-    if (error != 0) return error;
-    error = rename(unfinished.typed, output.typed, mayReplace);
-    if (error != 0) DeleteFileA(unfinished.windows.c_str());
-    return error;
-}
-
 Result packFile(Batch& batch, const Source& source) {
-    const OutputFile output(batch, outputNameOf(source.windows));
-    if (output.windows.empty()) return {{ERROR_FILENAME_EXCED_RANGE, {}}, {}};
-
-    const bool existed = tidewell::MayExist(output.windows.c_str());
-    tidewell::ProgressPause(batch.progress);
-    const int answer =
-        tidewell::ConfirmFileReplace(nullptr, output.windows.c_str(), batch.moreFollow ? TRUE : FALSE);
-    const ErrorCode refusal = answer == -1 ? tidewell::lastErrorOr(ERROR_FILE_EXISTS) : 0;
-    tidewell::ProgressResume(batch.progress);
-    if (answer == IDNO) return {};
-    if (answer == IDCANCEL) return {{ERROR_CANCELLED, {}}, {}};
-    if (refusal != 0) return {{refusal, {}}, {}};
-    const ErrorCode error = packInto(batch, source, output, existed);
-    return error != 0 ? Result{{error, {}}, {}} : Result{{}, output.windows};
+    const auto make = [&](const char* path) {
+        return tidewell::PackMacFile(source.windows.c_str(), path, batch.progress);
+    };
+    return writeOutput(batch.folder, outputNameOf(source.windows), batch.moreFollow, batch.progress, make);
 }
 
 }  // namespace

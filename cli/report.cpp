@@ -19,9 +19,8 @@ std::string systemText(tidewell::ErrorCode error) {
 
 }  // namespace
 
-std::string shownOn(Stream stream, const std::string& name) {
-    if (!isTerminal(stream)) return name;
-    std::string shown = name;
+std::string withoutControls(const std::string& text) {
+    std::string shown = text;
     for (size_t i = 0; i < shown.size(); ++i) {
         const auto c = static_cast<unsigned char>(shown[i]);
         // In UTF-8 a second set of them takes two bytes.
@@ -33,7 +32,12 @@ std::string shownOn(Stream stream, const std::string& name) {
     return shown;
 }
 
+std::string shownOn(Stream stream, const std::string& name) {
+    return isTerminal(stream) ? withoutControls(name) : name;
+}
+
 void reportFailure(const std::string& file, const Failure& failure) {
+    if (failure.error == ERROR_CANCELLED) return reportNote("cancelled");
     reportNote(shownOn(Stream::errors, file) + ": error " + std::to_string(failure.error) + ": " +
                (failure.text.empty() ? systemText(failure.error) : failure.text));
 }

@@ -21,10 +21,13 @@ struct Failure {
     std::string text;
 };
 
+// "?" for each control character.
+std::string withoutControls(const std::string& text);
+
 // A name as the stream may show it: to a terminal go no control characters, which could take it over.
 std::string shownOn(Stream stream, const std::string& name);
 
-// "tidewell: FILE: error N: TEXT"
+// "tidewell: FILE: error N: TEXT", or "tidewell: cancelled"
 void reportFailure(const std::string& file, const Failure& failure);
 
 // "tidewell: TEXT"

@@ -6,7 +6,12 @@ if(TIDEWELL_COMMAND_SOURCES)
   if(WIN32)
     target_link_options(tidewell PRIVATE -Wl,--subsystem,console:4.0)
   else()
-    target_link_libraries(tidewell PRIVATE tidewell_pc tidewell_kernel)
+    # Static, because to load it would take every run of the command longer.
+    block()
+      set(CMAKE_FIND_LIBRARY_SUFFIXES .a)
+      find_package(PNG REQUIRED)
+    endblock()
+    target_link_libraries(tidewell PRIVATE tidewell_pc tidewell_kernel PNG::PNG)
     if(NOT TIDEWELL_SANITIZE)
       # A command for one small file is run in less time than the C++ library takes to load.
       target_link_options(tidewell PRIVATE -static-libstdc++ -static-libgcc)

@@ -1,7 +1,9 @@
 # The library's code. Every program links these very objects, the tests included.
 
 add_library(tidewell_core OBJECT ${TIDEWELL_CORE_SOURCES})
-target_include_directories(tidewell_core PUBLIC ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include)
+target_include_directories(tidewell_core PUBLIC
+  ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include ${TIDEWELL_MESSAGES_FOLDER})
+add_dependencies(tidewell_core tidewell_messages)
 target_compile_options(tidewell_core PRIVATE ${TIDEWELL_PRODUCT_OPTIONS})
 if(NOT WIN32)
   target_include_directories(tidewell_core BEFORE PUBLIC ${PROJECT_SOURCE_DIR}/platform/include)

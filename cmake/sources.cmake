@@ -12,7 +12,8 @@
 #
 # Everywhere *_windows.cpp and *_windows_test.cpp are for Windows builds only, *_native.cpp and *_native_test.cpp
 # for all others. In src *_windows.cpp is what has no stand-in off Windows: it calls windows, the shell, the
-# registry, the locale or the message formatter. TIDEWELL.DLL and the tests have it, the command does not.
+# registry, the locale, or the message formatter for more than texts as inserts. TIDEWELL.DLL and the tests have
+# it, the command does not.
 # tests/windows is for Windows builds only, too: tests of the real system, and of what is built beside them.
 
 set(TIDEWELL_CLAIMED_SOURCES "")

@@ -22,6 +22,9 @@ endfunction()
 if(TIDEWELL_TEST_SOURCES)
   tidewell_add_test_program(tidewell_tests ${TIDEWELL_TEST_SOURCES} ${TIDEWELL_TEST_SUPPORT_SOURCES})
   target_link_libraries(tidewell_tests PRIVATE tidewell_pc tidewell_kernel)
+  # Two lists that have to agree: the types in the code, and the script with what they are.
+  set_source_files_properties(${PROJECT_SOURCE_DIR}/tests/resources/resource_type_test.cpp PROPERTIES
+    COMPILE_DEFINITIONS "TIDEWELL_TYPE_STRINGS=\"${PROJECT_SOURCE_DIR}/src/res/resource_type_strings.rc\"")
   if(WIN32)
     target_link_libraries(tidewell_tests PRIVATE tidewell_windowed tidewell_attach)
     # Some load the libraries and start the command.

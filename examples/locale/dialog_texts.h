@@ -20,6 +20,7 @@
 #define TEXT_COPY_FORMAT "&Zieldiskette vor dem Kopieren formatieren"
 
 #define TEXT_VIEWER_TITLE "Tidewell 98 - Ressourcen"
+#define TEXT_VIEWER_TREE "&Ressourcen:"
 #define TEXT_VIEWER_TYPE "Typ:"
 #define TEXT_VIEWER_SIZE "Größe:"
 #define TEXT_VIEWER_ATTRIBUTES "Attribute:"

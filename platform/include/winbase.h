@@ -17,7 +17,6 @@
 #define CREATE_ALWAYS 2u
 #define OPEN_EXISTING 3u
 #define OPEN_ALWAYS 4u
-#define TRUNCATE_EXISTING 5u
 #define FILE_ATTRIBUTE_READONLY 0x00000001u
 #define FILE_ATTRIBUTE_DIRECTORY 0x00000010u
 #define FILE_ATTRIBUTE_ARCHIVE 0x00000020u
@@ -36,7 +35,9 @@
 #define VER_PLATFORM_WIN32_NT 2u
 
 #define FORMAT_MESSAGE_IGNORE_INSERTS 0x00000200u
+#define FORMAT_MESSAGE_FROM_HMODULE 0x00000800u
 #define FORMAT_MESSAGE_FROM_SYSTEM 0x00001000u
+#define FORMAT_MESSAGE_ARGUMENT_ARRAY 0x00002000u
 
 #define CP_ACP 0u
 #define MB_ERR_INVALID_CHARS 0x00000008u
@@ -67,7 +68,8 @@ void WINAPI SetLastError(DWORD error);
 HANDLE WINAPI GetProcessHeap();
 // The program itself, for a null name.
 HMODULE WINAPI GetModuleHandleA(LPCSTR name);
-// Only system texts without inserts: FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS.
+// Only system texts without inserts, FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, and messages
+// of the library with texts as inserts, FORMAT_MESSAGE_FROM_HMODULE | FORMAT_MESSAGE_ARGUMENT_ARRAY.
 DWORD WINAPI FormatMessageA(DWORD flags, LPCVOID source, DWORD id, DWORD language, LPSTR buffer,
                             DWORD capacity, void* arguments);
 }

@@ -1,8 +1,10 @@
-// Native builds: the system's texts of its error codes.
+// Native builds: the system's texts of its error codes, and the messages of the library.
+#include "module_message.h"
+
 #include <windows.h>
 
 #include <algorithm>
-#include <cstdio>
+#include <string>
 #include <string_view>
 
 namespace {
@@ -52,25 +54,34 @@ constexpr SystemText kSystemTexts[] = {
 static_assert(std::is_sorted(std::begin(kSystemTexts), std::end(kSystemTexts),
                              [](const SystemText& a, const SystemText& b) { return a.error < b.error; }));
 
+DWORD findSystemText(DWORD id, std::string& text) {
+    const auto* const found = std::find_if(std::begin(kSystemTexts), std::end(kSystemTexts),
+                                           [id](const SystemText& entry) { return entry.error == id; });
+    if (found == std::end(kSystemTexts)) return ERROR_MR_MID_NOT_FOUND;
+    text = found->text;
+    return 0;
+}
+
+DWORD format(DWORD flags, DWORD id, const void* arguments, std::string& text) {
+    switch (flags) {
+    case FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS: return findSystemText(id, text);
+    case FORMAT_MESSAGE_FROM_HMODULE | FORMAT_MESSAGE_ARGUMENT_ARRAY:
+        return kernel::formatModuleMessage(id, static_cast<const char* const*>(arguments), text);
+    default: return ERROR_INVALID_PARAMETER;
+    }
+}
+
 }  // namespace
 
 extern "C" DWORD FormatMessageA(DWORD flags, LPCVOID /*source*/, DWORD id, DWORD /*language*/, LPSTR buffer,
-                                DWORD capacity, void* /*arguments*/) {
-    const auto* const found = std::find_if(std::begin(kSystemTexts), std::end(kSystemTexts),
-                                           [id](const SystemText& entry) { return entry.error == id; });
-    if (flags != (FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS)) {
-        SetLastError(ERROR_INVALID_PARAMETER);
+                                DWORD capacity, void* arguments) {
+    std::string text;
+    DWORD error = format(flags, id, arguments, text);
+    if (error == 0 && text.size() >= capacity) error = ERROR_INSUFFICIENT_BUFFER;
+    if (error != 0) {
+        SetLastError(error);
         return 0;
     }
-    if (found == std::end(kSystemTexts)) {
-        SetLastError(ERROR_MR_MID_NOT_FOUND);
-        return 0;
-    }
-    if (found->text.size() + 1 > capacity) {
-        SetLastError(ERROR_INSUFFICIENT_BUFFER);
-        return 0;
-    }
-    found->text.copy(buffer, found->text.size());
-    buffer[found->text.size()] = '\0';
-    return static_cast<DWORD>(found->text.size());
+    *std::copy(text.begin(), text.end(), buffer) = '\0';
+    return static_cast<DWORD>(text.size());
 }

@@ -20,6 +20,14 @@ pc::Error deleteFile(const PcPath& target) {
     return target.volume->remove(target.inside);
 }
 
+// What is open in any of its forks keeps its name: nobody in the library shares that.
+pc::Error moveFile(const PcPath& from, const PcPath& to) {
+    if (from.volume != to.volume) return ERROR_NOT_SAME_DEVICE;
+    return from.volume->move(from.inside, to.inside, [](const std::string& identity) {
+        return pc::Pc::current()->checkSharing(identity, pc::OpenMode{true, true, 0, OPEN_EXISTING});
+    });
+}
+
 pc::Error shortPath(const PcPath& target, std::string& path) {
     std::string inside;
     pc::Error error = target.volume->shortPath(target.inside, inside);
@@ -80,6 +88,16 @@ BOOL DeleteFileW(LPCWSTR path) {
     if (error == 0 && pc != nullptr && pc->platform() != pc::Platform::nt) error = ERROR_CALL_NOT_IMPLEMENTED;
     if (error == 0) error = findPath(path, target);
     if (error == 0) error = target.volume != nullptr ? deleteFile(target) : ERROR_FILE_NOT_FOUND;
+    return call.end(error);
+}
+
+BOOL MoveFileA(LPCSTR from, LPCSTR to) {
+    Call call("MoveFileA", from);
+    PcPath source, target;
+    pc::Error error = call.fault();
+    if (error == 0) error = findFile(from, source);
+    if (error == 0) error = findFile(to, target);
+    if (error == 0) error = moveFile(source, target);
     return call.end(error);
 }
 

@@ -40,7 +40,8 @@ class File {
     }
 
     virtual Error size(uint64_t& /*bytes*/) { return kInvalidFunction; }
-    virtual Error setSize(uint64_t /*bytes*/) { return kInvalidFunction; }
+    // To no bytes.
+    virtual Error truncate() { return kInvalidFunction; }
 
     // Everything written so far is on the host's disk.
     virtual Error flush() { return kInvalidFunction; }

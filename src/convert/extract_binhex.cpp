@@ -1,7 +1,7 @@
 #include "convert/extract_binhex.h"
 
 #include "base/file.h"
-#include "convert/binhex_header.h"
+#include "convert/binhex_source.h"
 #include "convert/restore_finder_info.h"
 
 #include <cstdint>
@@ -11,24 +11,6 @@ namespace tidewell {
 
 namespace {
 
-// An open BinHex file. It stays open, so that nothing can be written over it, and nothing in it changes
-// between the two times that it is read.
-struct Source {
-    OwnedFile file;
-    uint64_t size = 0;  // bytes
-    PageBuffer memory;
-
-    BinHexMemory& blocks() const { return *reinterpret_cast<BinHexMemory*>(memory.data()); }
-};
-
-ErrorCode openSource(const char* path, Source& source) {
-    ErrorCode error = OpenForReading(path, source.file);
-    if (error == 0) error = GetSizeOf(source.file.get(), source.size);
-    if (error != 0) return error;
-    source.memory = PageBuffer::allocate(sizeof(BinHexMemory));
-    return source.memory ? 0 : ERROR_NOT_ENOUGH_MEMORY;
-}
-
 // The stream and the memory for what is made of it.
 struct Decoder {
     BinHexStream& stream;
@@ -36,18 +18,11 @@ struct Decoder {
 };
 
 ErrorCode writeExpanded(HANDLE fork, const Decoder& decoder, DWORD length, ProgressDialog* progress) {
-    uint16_t crc = 0;
-    DWORD block = 0;
-    do {
-        block = length < kBinHexBlock ? length : kBinHexBlock;
-        ErrorCode error = ReadRunLength(decoder.stream, decoder.block, block, &crc);
-        if (error != 0) return error;
-        length -= block;
-        if (length == 0) ProgressPump(progress);
-        error = WriteWhole(fork, decoder.block, block);
-        if (error != 0) return error;
-    } while (length != 0);
-    return CheckBinHexCrc(decoder.stream, crc);
+    const auto write = [&](DWORD count, bool last) {
+        if (last) ProgressPump(progress);
+        return WriteWhole(fork, decoder.block, count);
+    };
+    return ReadBinHexFork(decoder.stream, decoder.block, length, write);
 }
 
 // The next `length` expanded bytes become the fork at `path`.
@@ -81,12 +56,10 @@ ErrorCode writeFile(const Decoder& decoder, const BinHexHeader& header, Extracte
     return error;
 }
 
-ErrorCode extract(const Extraction& extraction, const Source& source, const BinHexExtent& extent) {
-    if (extent.error != 0) return extent.error;
+ErrorCode extract(const Extraction& extraction, const BinHexSource& source, const BinHexExtent& extent) {
     BinHexStream stream;
-    ErrorCode error = OpenBinHexText(source.file.get(), source.size, extent, source.blocks(), stream.text);
     BinHexHeader header;
-    if (error == 0) error = ReadBinHexHeader(stream, header);
+    ErrorCode error = OpenBinHexForks(source, extent, stream, header);
     if (error != 0) return error;
 
     ExtractedFile file;
@@ -99,8 +72,8 @@ ErrorCode extract(const Extraction& extraction, const Source& source, const BinH
 }  // namespace
 
 ErrorCode ExtractBinHex(const Extraction& extraction) {
-    Source source;
-    ErrorCode error = openSource(extraction.sourcePath, source);
+    BinHexSource source;
+    ErrorCode error = OpenBinHexSource(extraction.sourcePath, source);
     BinHexExtent extent;
     if (error == 0) error = ScanBinHexFile(source.file.get(), source.size, source.blocks(), extent);
     if (error != 0) return error;

@@ -9,13 +9,6 @@ namespace tidewell {
 
 namespace {
 
-// Where the parts of an open MacBinary file are, in bytes. Sums are in 64 bits: a hostile header wraps 32.
-struct Layout {
-    uint64_t fileSize;
-    uint64_t dataOffset;
-    uint64_t resourceOffset;
-};
-
 ErrorCode advance(ProgressDialog* progress, uint64_t amount) {
     constexpr uint64_t kMost = 0xFFFFFFFF;
     ProgressAdvance(progress, static_cast<uint32_t>(amount < kMost ? amount : kMost));
@@ -34,8 +27,8 @@ ErrorCode CopyForkFromFile(HANDLE source, uint64_t offset, const char* path, DWO
     return error != 0 ? error : closed;
 }
 
-ErrorCode writeForks(HANDLE source, const MacBinaryHeader& header, const Layout& layout, ExtractedFile& file,
-                     ProgressDialog* progress) {
+ErrorCode writeForks(HANDLE source, const MacBinaryHeader& header, const MacBinaryLayout& layout,
+                     ExtractedFile& file, ProgressDialog* progress) {
     ErrorCode error =
         CopyForkFromFile(source, layout.dataOffset, file.paths.dataPath, header.dataLength, file, progress);
     if (error == 0) error = advance(progress, MacBinaryPadding(header.dataLength));
@@ -48,8 +41,8 @@ ErrorCode writeForks(HANDLE source, const MacBinaryHeader& header, const Layout&
     return advance(progress, MacBinaryPadding(header.resourceLength));
 }
 
-ErrorCode writeFile(HANDLE source, const MacBinaryHeader& header, const Layout& layout, ExtractedFile& file,
-                    ProgressDialog* progress) {
+ErrorCode writeFile(HANDLE source, const MacBinaryHeader& header, const MacBinaryLayout& layout,
+                    ExtractedFile& file, ProgressDialog* progress) {
     const ErrorCode error = writeForks(source, header, layout, file, progress);
     if (error != 0 || file.paths.finderInfoLength == 0) return error;
     SetLastError(NO_ERROR);
@@ -57,11 +50,10 @@ ErrorCode writeFile(HANDLE source, const MacBinaryHeader& header, const Layout& 
     return GetLastError();  // a failure that leaves no error costs no file
 }
 
-ErrorCode extract(const Extraction& extraction, HANDLE source, Layout& layout) {
+ErrorCode extract(const Extraction& extraction, HANDLE source) {
     MacBinaryHeader header;
     if (!ReadMacBinaryHeader(source, &header)) return lastError();
-    layout.dataOffset = MacBinaryRoundedUp(uint64_t{header.secondaryHeaderLength} + kMacBinaryBlock);
-    layout.resourceOffset = layout.dataOffset + MacBinaryRoundedUp(header.dataLength);
+    const MacBinaryLayout layout(header);
     ErrorCode error = advance(extraction.progress, layout.dataOffset);
     if (error != 0) return error;
 
@@ -76,15 +68,15 @@ ErrorCode extract(const Extraction& extraction, HANDLE source, Layout& layout) {
 
 ErrorCode ExtractMacBinary(const Extraction& extraction) {
     OwnedFile source;
-    Layout layout = {};
+    uint64_t size = 0;
     ErrorCode error = OpenForReading(extraction.sourcePath, source);
-    if (error == 0) error = GetSizeOf(source.get(), layout.fileSize);
+    if (error == 0) error = GetSizeOf(source.get(), size);
     if (error != 0) return error;
     uint64_t done = 0;
     ProgressGetDone(extraction.progress, &done);
-    error = extract(extraction, source.get(), layout);
+    error = extract(extraction, source.get());
     // Whatever the forks did not count of the file.
-    done += layout.fileSize;
+    done += size;
     if (error == 0) ProgressSetDone(extraction.progress, &done);
     return error;
 }

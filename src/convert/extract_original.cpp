@@ -1,7 +1,7 @@
 #include "convert/extract_original.h"
 
 #include "base/full_path.h"
-#include "base/text.h"
+#include "convert/archive_kind.h"
 #include "convert/extract_binhex.h"
 #include "convert/extract_macbinary.h"
 
@@ -11,9 +11,11 @@ ErrorCode ExtractOriginal(const Extraction& extraction) {
     const DWORD attributes = GetFileAttributesA(extraction.destinationFolder);
     if (attributes == INVALID_FILE_ATTRIBUTES) return lastError();
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return ERROR_BAD_PATHNAME;
-    const char* const extension = FileExtension(extraction.sourcePath);
-    if (equalsIgnoringCase(extension, ".bin")) return ExtractMacBinary(extraction);
-    if (equalsIgnoringCase(extension, ".hqx")) return ExtractBinHex(extraction);
+    switch (ArchiveKindOf(extraction.sourcePath)) {
+    case ArchiveKind::macBinary: return ExtractMacBinary(extraction);
+    case ArchiveKind::binHex: return ExtractBinHex(extraction);
+    case ArchiveKind::none: break;
+    }
     return ERROR_INVALID_DATA;
 }
 

@@ -67,6 +67,16 @@ static_assert(offsetof(MacBinaryHeader, commentLength) == 99 && offsetof(MacBina
 static_assert(offsetof(MacBinaryHeader, packedLength) == 116 && offsetof(MacBinaryHeader, crc) == 124);
 static_assert(offsetof(MacBinaryHeader, secondaryHeaderLength) == 120);
 
+// Where the forks begin, in bytes of the file. In 64 bits: a hostile header's sums wrap 32.
+struct MacBinaryLayout {
+    explicit MacBinaryLayout(const MacBinaryHeader& header)
+        : dataOffset(MacBinaryRoundedUp(uint64_t{header.secondaryHeaderLength} + kMacBinaryBlock)),
+          resourceOffset(dataOffset + MacBinaryRoundedUp(header.dataLength)) {}
+
+    uint64_t dataOffset;
+    uint64_t resourceOffset;
+};
+
 // The fields that SwapFields turns over between the two.
 inline constexpr uint8_t kMacBinaryFieldWidths[] = {1, 64, 4, 4, 1, 1, 2, 2, 2, 1, 1, 4,
                                                     4, 4,  4, 2, 1, 4, 2, 1, 1, 2, 0};

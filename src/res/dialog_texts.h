@@ -26,6 +26,7 @@
 
 // The resource viewer
 #define TEXT_VIEWER_TITLE "Tidewell 98 Resource Viewer"
+#define TEXT_VIEWER_TREE "&Resources:"
 #define TEXT_VIEWER_TYPE "Type:"
 #define TEXT_VIEWER_SIZE "Size:"
 #define TEXT_VIEWER_ATTRIBUTES "Attributes:"

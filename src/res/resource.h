@@ -77,6 +77,8 @@
 #define IDC_CONTENTS_TYPE 1010
 #define IDC_CONTENTS_SIZE 1011
 #define IDC_CONTENTS_DUMP 1049
+#define IDC_CONTENTS_PICTURE 1080
+#define IDC_CONTENTS_TEXT 1081
 
 // Property pages: of a file, of a folder and of the root on a Mac disk, of a folder on NTFS
 #define IDD_FILE_PAGE 101

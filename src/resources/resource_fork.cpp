@@ -93,7 +93,7 @@ BOOL ResourceForkReader::ReadReferenceEntry(const TypeEntry& type, uint16_t inde
     return bytes_.ReadWholeAt(first + sizeof entry * uint64_t{index}, &entry, sizeof entry) == 0;
 }
 
-BOOL ResourceForkReader::ReadName(const ReferenceEntry& reference, char* buffer, uint8_t size) noexcept {
+BOOL ResourceForkReader::ReadName(const ReferenceEntry& reference, char* buffer, unsigned size) noexcept {
     if (reference.nameOffset() == kNoName) return failWith(0);
     const int64_t position = int64_t{map_.header.mapOffset} + map_.nameList + reference.nameOffset();
     if (position < 0) return failWith(ERROR_NEGATIVE_SEEK);
@@ -103,7 +103,7 @@ BOOL ResourceForkReader::ReadName(const ReferenceEntry& reference, char* buffer,
     if (size == 0 || buffer == nullptr) return failWith(ERROR_INVALID_PARAMETER);
     if (length == 0) return failWith(ERROR_INVALID_DATA);
 
-    const DWORD count = std::min<DWORD>(length, size - 1U);
+    const DWORD count = std::min<DWORD>(length, size - 1);
     if (const ErrorCode error = bytes_.ReadWholeAt(start + sizeof length, buffer, count)) {
         buffer[0] = '\0';  // no part of a name stands for it
         return failWith(error);

@@ -112,7 +112,7 @@ class ResourceForkReader {
     // characters. Returns 1, or 0 with the last error: 0 for a resource without a name, ERROR_INVALID_DATA
     // for a name of no characters, ERROR_INVALID_PARAMETER for a buffer of 0 bytes or none, else the
     // system's; ERROR_BUFFER_OVERFLOW for a name longer than `size`: the name that was cut is in the buffer.
-    BOOL ReadName(const ReferenceEntry& reference, char* buffer, uint8_t size) noexcept;
+    BOOL ReadName(const ReferenceEntry& reference, char* buffer, unsigned size) noexcept;
 
     // In bytes, as it stands in front of the data. Returns 1 or 0.
     BOOL ReadDataLength(const ReferenceEntry& reference, uint32_t& length) noexcept;

@@ -2,11 +2,11 @@
 #include "ui/user_windows.h"
 
 #include "base/file.h"
-#include "base/path.h"
 #include "module/module_state.h"
 #include "res/resource.h"
 #include "ui/display_title.h"
 #include "ui/place_window.h"
+#include "ui/stored_name.h"
 #include "ui/strings.h"
 #include "ui/window_text.h"
 
@@ -22,29 +22,12 @@ struct Question {
     BOOL several;
 };
 
-// The file's name as it is stored, in its real case and long form, in place of the name in `path`.
-void restoreStoredName(char* path) {
-    WIN32_FIND_DATAA found;
-    HANDLE const search = FindFirstFileA(path, &found);
-    if (search == INVALID_HANDLE_VALUE) return;
-    FindClose(search);
-    char* const name = path + (FileNamePart(path) - path);
-    lstrcpynA(name, found.cFileName, static_cast<int>(path + kPathCapacity - name));
-}
-
-RECT placeOf(HWND dialog, HWND control) {
-    RECT place = {};
-    GetWindowRect(control, &place);
-    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
-    return place;
-}
-
 RECT placeOf(HWND dialog, int controlId) {
-    return placeOf(dialog, GetDlgItem(dialog, controlId));
+    return PlaceOfControl(GetDlgItem(dialog, controlId));
 }
 
-void moveTo(HWND control, const RECT& place) {
-    SetWindowPos(control, nullptr, place.left, place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+void moveTo(HWND dialog, int controlId, const RECT& place) {
+    MoveControl(GetDlgItem(dialog, controlId), place.left, place.top);
 }
 
 void takeAway(HWND dialog, int controlId) {
@@ -75,10 +58,8 @@ void growToName(HWND dialog) {
 
     const RECT labelPlace = placeOf(dialog, IDC_REPLACE_NAME);
     for (HWND control = GetWindow(dialog, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT)) {
-        RECT place = placeOf(dialog, control);
-        if (place.top < labelPlace.bottom) continue;
-        OffsetRect(&place, 0, missing);
-        moveTo(control, place);
+        const RECT place = PlaceOfControl(control);
+        if (place.top >= labelPlace.bottom) MoveControl(control, place.left, place.top + missing);
     }
     GrowWindow(label, missing);
     GrowWindow(dialog, missing);
@@ -110,8 +91,8 @@ void letEscape(HWND dialog, int controlId) {
 // One file is replaced or not: there is nothing to cancel, and nothing to answer for.
 void leaveTwoButtons(HWND dialog) {
     const RECT noPlace = placeOf(dialog, IDNO);
-    moveTo(GetDlgItem(dialog, IDNO), placeOf(dialog, IDCANCEL));
-    moveTo(GetDlgItem(dialog, IDYES), noPlace);
+    moveTo(dialog, IDNO, placeOf(dialog, IDCANCEL));
+    moveTo(dialog, IDYES, noPlace);
     takeAway(dialog, IDCANCEL);
     takeAway(dialog, IDYESTOALL);
     letEscape(dialog, IDYES);
@@ -142,7 +123,7 @@ int ConfirmReplaceInWindow(HWND owner, const char* path, BOOL several) {
 
     char shown[kPathCapacity];
     lstrcpynA(shown, path, sizeof shown);
-    restoreStoredName(shown);
+    RestoreStoredName(shown);
     char title[kPathCapacity];
     GetDisplayTitle(shown, title);
     const Question question = {title, several};

@@ -15,6 +15,9 @@ void ShowControlHelp(const HELPINFO& request, const DWORD* table);
 // Answers WM_CONTEXTMENU over a control: the menu "What's This?".
 void ShowContextMenuHelp(HWND control, const DWORD* table);
 
+// Shows a topic in a small window of its own, over `window`.
+void ShowTopicPopup(HWND window, DWORD topic);
+
 // Opens a topic by its number, for Help buttons.
 void ShowHelpTopic(HWND window, DWORD topic);
 

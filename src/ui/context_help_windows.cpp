@@ -18,6 +18,10 @@ void ShowContextMenuHelp(HWND control, const DWORD* table) {
     WinHelpA(control, kHelpFile, HELP_CONTEXTMENU, reinterpret_cast<ULONG_PTR>(table));
 }
 
+void ShowTopicPopup(HWND window, DWORD topic) {
+    WinHelpA(window, kHelpFile, HELP_CONTEXTPOPUP, topic);
+}
+
 void ShowHelpTopic(HWND window, DWORD topic) {
     WinHelpA(window, kHelpFile, HELP_CONTEXT, topic);
 }

@@ -14,6 +14,12 @@ void PlaceWindow(HWND window, int cascadeIndex);
 // Moves a window to the middle of what the taskbar leaves of the screen. Its size does not change.
 void CentreWindow(HWND window);
 
+// Where a control is in its dialog, in pixels.
+RECT PlaceOfControl(HWND control);
+
+// Moves a control within its dialog.
+void MoveControl(HWND control, LONG x, LONG y);
+
 // Adds room at the foot of a window or of a control, in pixels.
 void GrowWindow(HWND window, LONG height);
 

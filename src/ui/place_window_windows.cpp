@@ -57,6 +57,17 @@ void CentreWindow(HWND window) {
            (area.top + area.bottom - (frame.bottom - frame.top)) / 2, 0);
 }
 
+RECT PlaceOfControl(HWND control) {
+    RECT place = {};
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+void MoveControl(HWND control, LONG x, LONG y) {
+    moveTo(control, x, y, 0);
+}
+
 void GrowWindow(HWND window, LONG height) {
     RECT frame = {};
     GetWindowRect(window, &frame);

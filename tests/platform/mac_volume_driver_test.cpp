@@ -63,9 +63,8 @@ TEST_CASE("A Mac name gets a file of its folder that keeps it, apart from the dr
 }
 
 TEST_CASE_FIXTURE(DriverPc, "Two Mac names for one host name: the second finds the first's file") {
-    const struct {
-        std::string first, second;
-    } pairs[] = {{".", "_"}, {"__x", "._x"}, {"a/b", "a:b"}, {std::string("c\0d", 3), "c_d"}};
+    const std::pair<std::string, std::string> pairs[] = {
+        {".", "_"}, {"__x", "._x"}, {"a/b", "a:b"}, {std::string("c\0d", 3), "c_d"}};
     for (const auto& pair : pairs) {
         CAPTURE(pair.first);
         const Answer made = create(pair.first);

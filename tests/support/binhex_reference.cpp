@@ -44,21 +44,14 @@ Bytes decodedBinHex(const Bytes& file, uint32_t& error) {
 Bytes expandedBinHex(const Bytes& decoded, size_t most, uint32_t& error) {
     Bytes expanded;
     error = 0;
-    for (size_t i = 0; expanded.size() < most; ++i) {
+    for (size_t i = 0; error == 0 && expanded.size() < most; ++i) {
         if (i == decoded.size()) {
             error = ERROR_HANDLE_EOF;
-            break;
-        }
-        if (decoded[i] != kBinHexRun) {
+        } else if (decoded[i] != kBinHexRun) {
             expanded.push_back(decoded[i]);
-            continue;
-        }
-        ++i;
-        if (i == decoded.size() || (decoded[i] != 0 && expanded.empty())) {
+        } else if (++i == decoded.size() || (decoded[i] != 0 && expanded.empty())) {
             error = ERROR_INVALID_DATA;
-            break;
-        }
-        if (decoded[i] == 0) {
+        } else if (decoded[i] == 0) {
             expanded.push_back(kBinHexRun);
         } else {
             expanded.insert(expanded.end(), decoded[i] - size_t{1}, expanded.back());
@@ -68,54 +61,28 @@ Bytes expandedBinHex(const Bytes& decoded, size_t most, uint32_t& error) {
     return expanded;
 }
 
-namespace {
-
-// The sections of a stream, one after the other.
-class Sections {
-  public:
-    explicit Sections(const Bytes& decoded) : all_(expandedBinHex(decoded, SIZE_MAX, atEnd_)) {}
-
-    uint32_t read(size_t size, Bytes& out) {
-        if (size > all_.size() - at_) return atEnd_;
-        const auto from = all_.begin() + static_cast<std::ptrdiff_t>(at_);
-        out.assign(from, from + static_cast<std::ptrdiff_t>(size));
-        at_ += size;
-        return 0;
-    }
-    // The CRC of what was read since the last section's end.
-    uint32_t end() {
-        const uint16_t crc = crcOf(all_.data() + start_, at_ - start_);
-        Bytes stored;
-        if (const uint32_t error = read(2, stored)) return error;
-        start_ = at_;
-        return loadBig(stored.data(), 0, 2) == crc ? 0 : ERROR_CRC;
-    }
-
-  private:
-    uint32_t atEnd_ = 0;
-    Bytes all_;
-    size_t start_ = 0;
-    size_t at_ = 0;
-};
-
-}  // namespace
-
 BinHexAnswer answerToBinHex(const Bytes& file, bool keepsResource) {
     BinHexAnswer answer;
-    Sections sections(decodedBinHex(file, answer.error));
-    Bytes length, name, fields;
-    if (answer.error == 0) answer.error = sections.read(1, length);
-    if (answer.error == 0) answer.error = sections.read(length[0], name);
-    if (answer.error == 0) answer.error = sections.read(19, fields);
-    if (answer.error == 0) answer.error = sections.end();
-    if (answer.error == 0 && name.empty()) answer.error = ERROR_INVALID_DATA;
+    uint32_t atEnd = 0;
+    const Bytes all = expandedBinHex(decodedBinHex(file, answer.error), SIZE_MAX, atEnd);
+    size_t at = 0;
+    // The next section, which its CRC follows.
+    const auto read = [&](size_t size, Bytes& section) {
+        const size_t left = all.size() - at;
+        if (answer.error == 0 && (left < 2 || left - 2 < size)) answer.error = atEnd;
+        if (answer.error != 0) return;
+        section.assign(&all[at], &all[at] + size);
+        at += size + 2;
+        if (loadBig(all.data(), at - 2, 2) != crcOf(section.data(), size)) answer.error = ERROR_CRC;
+    };
+    constexpr size_t kFields = 19;
+    Bytes header;
+    read(1 + (all.empty() ? 0 : all[0]) + kFields, header);
+    if (answer.error == 0 && header[0] == 0) answer.error = ERROR_INVALID_DATA;
     if (answer.error != 0) return answer;
     answer.headerWhole = true;
-    answer.name.assign(name.begin(), name.end());
-    answer.error = sections.read(loadBig(fields.data(), 11), answer.data);
-    if (answer.error == 0) answer.error = sections.end();
-    if (answer.error != 0 || !keepsResource) return answer;
-    answer.error = sections.read(loadBig(fields.data(), 15), answer.resource);
-    if (answer.error == 0) answer.error = sections.end();
+    answer.name.assign(header.begin() + 1, header.end() - kFields);
+    read(loadBig(header.data(), header.size() - 8), answer.data);
+    if (keepsResource) read(loadBig(header.data(), header.size() - 4), answer.resource);
     return answer;
 }

@@ -12,16 +12,13 @@ tidewell::VolumeKind kindOf(const std::string& folder) {
 
 }  // namespace
 
-MacNameBytes::MacNameBytes(const std::string& name) {
-    bytes[0] = static_cast<uint8_t>(name.size());
-    std::copy(name.begin(), name.end(), bytes + 1);
-}
-
 Answer ask(MacNameOperation* operation, const std::string& folder, const std::string& macName,
            size_t capacity) {
+    const std::string name = static_cast<char>(macName.size()) + macName;
     char path[520] = "";
-    const tidewell::ErrorCode error = operation(kindOf(folder), folder.c_str(), MacNameBytes(macName),
-                                                0x04030201, path, static_cast<DWORD>(capacity));
+    const tidewell::ErrorCode error =
+        operation(kindOf(folder), folder.c_str(), reinterpret_cast<const uint8_t*>(name.data()), 0x04030201,
+                  path, static_cast<DWORD>(capacity));
     return {error, error == 0 ? path : ""};
 }
 

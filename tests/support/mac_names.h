@@ -7,13 +7,6 @@
 #include <string>
 #include <string_view>
 
-// A length-prefixed Mac name.
-struct MacNameBytes {
-    uint8_t bytes[256] = {};
-    explicit MacNameBytes(const std::string& name);
-    operator const uint8_t*() const { return bytes; }
-};
-
 struct Answer {
     tidewell::ErrorCode error;
     std::string path;  // empty after an error

@@ -1,5 +1,6 @@
 #include "support/test_pc.h"
 
+#include "base/owned.h"
 #include "macfile/finder_info.h"
 #include "module/module_state.h"
 #include "pc/devices/mac_volume_driver.h"
@@ -16,10 +17,10 @@ void need(bool done, const std::string& path) {
     if (!done) throw std::runtime_error(path + ": error " + std::to_string(GetLastError()));
 }
 
-HANDLE openFile(const std::string& path, DWORD access, DWORD disposition) {
-    const HANDLE file = CreateFileA(path.c_str(), access, FILE_SHARE_READ, nullptr, disposition,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
-    need(file != INVALID_HANDLE_VALUE, path);
+tidewell::OwnedFile openFile(const std::string& path, DWORD access, DWORD disposition) {
+    tidewell::OwnedFile file(CreateFileA(path.c_str(), access, FILE_SHARE_READ, nullptr, disposition,
+                                         FILE_ATTRIBUTE_NORMAL, nullptr));
+    need(static_cast<bool>(file), path);
     return file;
 }
 
@@ -62,21 +63,20 @@ bool exists(const std::string& path) {
 }
 
 Bytes readFile(const std::string& path) {
-    const HANDLE file = openFile(path, GENERIC_READ, OPEN_EXISTING);
-    Bytes bytes(GetFileSize(file, nullptr));
+    const tidewell::OwnedFile file = openFile(path, GENERIC_READ, OPEN_EXISTING);
+    Bytes bytes(GetFileSize(file.get(), nullptr));
     DWORD got = 0;
-    const BOOL done = ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr);
+    const BOOL done = ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr);
     need(done && got == bytes.size(), path);
-    CloseHandle(file);
     return bytes;
 }
 
 void writeFile(const std::string& path, const Bytes& bytes) {
-    const HANDLE file = openFile(path, GENERIC_WRITE, CREATE_ALWAYS);
+    const tidewell::OwnedFile file = openFile(path, GENERIC_WRITE, CREATE_ALWAYS);
     DWORD written = 0;
-    const BOOL done = WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    const BOOL done =
+        WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
     need(done && written == bytes.size(), path);
-    CloseHandle(file);
 }
 
 void writeMacFile(const std::string& path, const MacFile& file) {

@@ -13,7 +13,7 @@
 constexpr const char* kResourceFile = "\\{4DD19183-ACE2-11CF-BBF2-444553540000}";
 constexpr const char* kFinderFile = "\\{4DD19184-ACE2-11CF-BBF2-444553540000}";
 
-enum : uint32_t { createNew = 1, createAlways = 2, openExisting = 3, openAlways = 4, truncateExisting = 5 };
+enum : uint32_t { createNew = 1, createAlways = 2, openExisting = 3, openAlways = 4 };
 
 // For reading and writing, truncating as the disposition says.
 pc::Error openFile(pc::Volume& volume, const std::string& path, uint32_t disposition, pc::Opened& opened);

@@ -5,6 +5,7 @@
 #include <doctest/doctest.h>
 
 #include <limits>
+#include <utility>
 
 using namespace tidewell;
 
@@ -17,20 +18,9 @@ constexpr uint64_t kMost = std::numeric_limits<uint64_t>::max();
 }  // namespace
 
 TEST_CASE("The bar's shift brings any total into 16 bits") {
-    const struct {
-        uint64_t total;
-        int shift;
-    } cases[] = {
-        {0, 0},
-        {65535, 0},
-        {65536, 16},
-        {0xFFFF'FFFF, 16},
-        {0x1'0000'0000, 32},
-        {0x1'0000'0000'0000, 48},
-        {kMost, 48},
-    };
-    for (const auto& test : cases)
-        CHECK_MESSAGE(ProgressShift(test.total) == test.shift, test.total);
+    const std::pair<uint64_t, int> rows[] = {{65535, 0}, {65536, 16}, {0x1'0000'0000, 32}, {kMost, 48}};
+    for (const auto& [total, shift] : rows)
+        CHECK_MESSAGE(ProgressShift(total) == shift, total);
 }
 
 TEST_CASE("The time remaining: up to a minute by five seconds, above it by minutes, two at least") {
@@ -50,7 +40,6 @@ TEST_CASE("The time remaining: up to a minute by five seconds, above it by minut
         {60 * kSecond + 1, 1, 2, 0, 2},
         {121 * kSecond - 1, 1, 2, 0, 2},
         {121 * kSecond, 1, 2, 0, 3},
-        {24 * 3600 * kSecond, 1, 2, 0, 24 * 60},
         {kLongest, 1, 2, 0, 0x7FFF'FFFF},
         // 1.5 units of time each: as if each took one.
         {15 * kSecond, 10 * kSecond, 30 * kSecond, 20},
@@ -60,12 +49,9 @@ TEST_CASE("The time remaining: up to a minute by five seconds, above it by minut
         {100 * kSecond, 0, 1000, 0},
         {100 * kSecond, 1000, 1000, 0},
         {100 * kSecond, 1001, 1000, 0},
-        {0, 1, 1000, 0},
         // The clock was set back.
         {-100 * kSecond, 1, 1000, 0},
-        {std::numeric_limits<int64_t>::min(), kMost - 1, kMost, 0},
         // Beyond all bounds.
-        {kLongest, 1, kMost, 0, 0x7FFF'FFFF},
         {kLongest / 1000, 1, 1002, 0, 0x7FFF'FFFF},
         {2, uint64_t{1} << 63, kMost, 0},
     };

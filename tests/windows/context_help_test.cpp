@@ -1,28 +1,10 @@
-// What is asked of the help program. The program stands in for the system's call.
 #include "ui/context_help.h"
 
-#include "support/replaced_import_windows.h"
+#include "support/help_calls_windows.h"
 
 #include <doctest/doctest.h>
 
-#include <string>
-#include <tuple>
-
 using namespace tidewell;
-
-namespace {
-
-using HelpCall = std::tuple<HWND, std::string, UINT, ULONG_PTR>;
-HelpCall lastCall;
-
-BOOL WINAPI recordHelp(HWND window, LPCSTR file, UINT command, ULONG_PTR data) {
-    lastCall = {window, file, command, data};
-    return TRUE;
-}
-
-}  // namespace
-
-REPLACE_IMPORT(WinHelpA, 16, recordHelp);
 
 TEST_CASE("Help opens the product's file by the dialog's table, or by a topic") {
     const DWORD table[] = {1000, 41, 1018, kNoHelpTopic, 0, 0};
@@ -34,13 +16,15 @@ TEST_CASE("Help opens the product's file by the dialog's table, or by a topic") 
     request.hItemHandle = window;
 
     ShowControlHelp(request, table);
-    CHECK(lastCall == HelpCall(window, "TIDEWELL.HLP", HELP_WM_HELP, data));
-    lastCall = {};
+    CHECK(lastHelpCall == HelpCall(window, "TIDEWELL.HLP", HELP_WM_HELP, data));
+    lastHelpCall = {};
     request.iContextType = HELPINFO_MENUITEM;
     ShowControlHelp(request, table);
-    CHECK(lastCall == HelpCall());
+    CHECK(lastHelpCall == HelpCall());
     ShowContextMenuHelp(window, table);
-    CHECK(lastCall == HelpCall(window, "TIDEWELL.HLP", HELP_CONTEXTMENU, data));
+    CHECK(lastHelpCall == HelpCall(window, "TIDEWELL.HLP", HELP_CONTEXTMENU, data));
+    ShowTopicPopup(window, 50);
+    CHECK(lastHelpCall == HelpCall(window, "TIDEWELL.HLP", HELP_CONTEXTPOPUP, 50));
     ShowHelpTopic(window, 100);
-    CHECK(lastCall == HelpCall(window, "TIDEWELL.HLP", HELP_CONTEXT, 100));
+    CHECK(lastHelpCall == HelpCall(window, "TIDEWELL.HLP", HELP_CONTEXT, 100));
 }

@@ -10,6 +10,7 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 using namespace tidewell;
@@ -34,8 +35,11 @@ DWORD WINAPI runShell(void* ready) {
 
 // What the system answers: what is not scripted is the real system's.
 enum class Failure { none, groups, sid };
+using Group = std::vector<DWORD>;  // sub-authorities of NT's
+const Group kAdmins = {SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS};
+const Group kUsers = {SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_USERS};
 struct Script {
-    std::vector<std::vector<DWORD>> groups;  // sub-authorities of NT's, one group each
+    std::vector<Group> groups = {};
     Failure failure = Failure::none;
     int doubleByte = -1;
     int sidsHeld = 0;
@@ -93,51 +97,38 @@ REPLACE_IMPORT(FreeSid, 4, freeSid);
 
 TEST_CASE("Loading finds out about the module, the system and the user") {
     HMODULE const instance = GetModuleHandleA(nullptr);
-    struct {
+    const struct {
         pc::Platform platform;
-        bool onNt;
-    } const systems[] = {
-        {pc::Platform::nt, true}, {pc::Platform::windows95, false}, {pc::Platform::windows98, false}};
-    for (const auto& system : systems) {
-        const pc::Pc pc(system.platform);
-        for (const bool admin : {true, false}) {
-            for (const int doubleByte : {0, 1}) {
-                script = {};
-                script.groups = {{SECURITY_BUILTIN_DOMAIN_RID, admin ? 544u : 545u}};
-                script.doubleByte = doubleByte;
-                InitializeModuleState(instance, WindowsFacts);
-                CHECK(ModuleInstance == instance);
-                CHECK(ResourceModule == instance);
-                CHECK(RunningOnNt == system.onNt);
-                CHECK(UserIsAdmin == (system.onNt && admin));
-                CHECK((script.token != nullptr) == system.onNt);
-                CHECK(DoubleByteCharacters == (doubleByte != 0));
-            }
-        }
+        Script system;
+        bool onNt, admin;
+    } rows[] = {
+        {pc::Platform::nt, {.groups = {kAdmins}, .doubleByte = 0}, true, true},
+        {pc::Platform::nt, {.groups = {kUsers}, .doubleByte = 1}, true, false},
+        {pc::Platform::windows95, {.groups = {kAdmins}, .doubleByte = 1}, false, false},
+    };
+    for (const auto& row : rows) {
+        const pc::Pc pc(row.platform);
+        script = row.system;
+        InitializeModuleState(instance, WindowsFacts);
+        CHECK(ModuleInstance == instance);
+        CHECK(ResourceModule == instance);
+        CHECK(RunningOnNt == row.onNt);
+        CHECK(UserIsAdmin == row.admin);
+        CHECK((script.token != nullptr) == row.onNt);
+        CHECK(DoubleByteCharacters == row.system.doubleByte);
     }
     script = {};
 }
 
 TEST_CASE("An administrator is who has the group among all groups, and can be asked") {
-    const std::vector<DWORD> admins = {SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS};
-    const std::vector<DWORD> users = {SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_USERS};
-    struct {
-        std::vector<std::vector<DWORD>> groups;
-        Failure failure;
-        bool isAdministrator;
-    } const rows[] = {
-        {{users, {1}, admins}, Failure::none, true},
-        {{admins, users}, Failure::none, true},
-        {{users, {544}, {544, 32}}, Failure::none, false},
-        {{{}}, Failure::none, false},
-        {{admins}, Failure::groups, false},
-        {{admins}, Failure::sid, false},
+    const std::pair<Script, bool> rows[] = {
+        {{{kUsers, {1}, kAdmins}}, true},      {{{kAdmins, kUsers}}, true},
+        {{{kUsers, {544}, {544, 32}}}, false}, {{{{}}}, false},
+        {{{kAdmins}, Failure::groups}, false}, {{{kAdmins}, Failure::sid}, false},
     };
-    for (const auto& row : rows) {
-        script = {};
-        script.groups = row.groups;
-        script.failure = row.failure;
-        CHECK(IsAdministrator() == row.isAdministrator);
+    for (const auto& [system, isAdministrator] : rows) {
+        script = system;
+        CHECK(IsAdministrator() == isAdministrator);
         CHECK(script.sidsHeld == 0);
         DWORD flags = 0;
         CHECK_FALSE(GetHandleInformation(script.token, &flags));

@@ -1,5 +1,5 @@
 /* A program of somebody else's, which knows of the library what its header says: it calls the functions as it
- * is linked with them, and as it finds them by their names. */
+ * is linked with them, and finds them by their names. */
 #include "tidewell.h"
 
 #include <stdio.h>
@@ -19,13 +19,6 @@ static int failures;
             ++failures;                                            \
         }                                                          \
     } while (0)
-
-struct Library {
-    TidewellCreateMacBinaryFile createMacBinaryFile;
-    TidewellExtractOriginalMacFile extractOriginalMacFile;
-    TidewellUninstInitialize uninstInitialize;
-    TidewellUninstUnInitialize uninstUnInitialize;
-};
 
 static char folder[MAX_PATH];
 
@@ -79,26 +72,16 @@ static void CALLBACK lookForQuestion(HWND window, UINT message, UINT_PTR timer, 
     EnumThreadWindows(GetCurrentThreadId(), answerNo, 0);
 }
 
-static void checkErrors(const struct Library* library) {
-    DWORD flags = 0;
-    TidewellProgress* none = NULL;
-    CHECK(library->createMacBinaryFile(NULL, "OUTSIDE.TXT", NULL, &none) == ERROR_INVALID_PARAMETER);
-    CHECK(library->createMacBinaryFile(NULL, "OUTSIDE.TXT", "OTHER.TXT:stream", NULL) == ERROR_INVALID_NAME);
-    CHECK(library->extractOriginalMacFile(NULL, "OUTSIDE.BIN", folder, NULL, &none) ==
-          ERROR_INVALID_PARAMETER);
-    CHECK(library->extractOriginalMacFile(NULL, "OUTSIDE.TXT", folder, &flags, NULL) == ERROR_INVALID_DATA);
-    CHECK(GetFileAttributesA("OUTSIDE.BIN") == INVALID_FILE_ATTRIBUTES);
-    CHECK(flags == 0);
-}
-
-static void checkRoundTrip(const struct Library* library) {
+static void checkRoundTrip(void) {
     DWORD flags = 0;
     TidewellProgress* none = NULL;
     UINT_PTR timer;
-    CHECK(library->createMacBinaryFile(NULL, "OUTSIDE.TXT", "OUTSIDE.BIN", &none) == 0);
+    CHECK(CreateMacBinaryFile(NULL, "OUTSIDE.TXT", "OTHER.TXT:stream", NULL) == ERROR_INVALID_NAME);
+    CHECK(ExtractOriginalMacFile(NULL, "OUTSIDE.TXT", folder, &flags, NULL) == ERROR_INVALID_DATA);
+    CHECK(CreateMacBinaryFile(NULL, "OUTSIDE.TXT", "OUTSIDE.BIN", &none) == 0);
     CHECK(holds("OUTSIDE.BIN", PACKED_SIZE - PADDING, "", 0, PACKED_SIZE));
     removeMacFile();
-    CHECK(library->extractOriginalMacFile(NULL, "OUTSIDE.BIN", folder, &flags, &none) == 0);
+    CHECK(ExtractOriginalMacFile(NULL, "OUTSIDE.BIN", folder, &flags, &none) == 0);
     CHECK(holds("OUTSIDE.TXT", 0, "", 'd', DATA_SIZE));
     CHECK(holds("OUTSIDE.TXT:AFP_Resource", 0, "", 'r', RESOURCE_SIZE));
     CHECK(holds("OUTSIDE.TXT:AFP_AfpInfo", 16, "TEXTttxt", 0, 60));
@@ -106,51 +89,44 @@ static void checkRoundTrip(const struct Library* library) {
     fillFile("OUTSIDE.TXT", "", 0, 'x', 5);
     questions = 0;
     timer = SetTimer(NULL, 0, 10, lookForQuestion);
-    CHECK(library->extractOriginalMacFile(NULL, "OUTSIDE.BIN", folder, &flags, NULL) == 0);
+    CHECK(ExtractOriginalMacFile(NULL, "OUTSIDE.BIN", folder, &flags, NULL) == 0);
     CHECK(questions > 0);
     CHECK(holds("OUTSIDE.TXT", 0, "", 'x', 5));
     questions = 0;
     flags = TIDEWELL_REPLACE_ALL;
-    CHECK(library->extractOriginalMacFile(NULL, "OUTSIDE.BIN", folder, &flags, NULL) == 0);
+    CHECK(ExtractOriginalMacFile(NULL, "OUTSIDE.BIN", folder, &flags, NULL) == 0);
     KillTimer(NULL, timer);
     CHECK(questions == 0);
     CHECK(holds("OUTSIDE.TXT", 0, "", 'd', DATA_SIZE));
     DeleteFileA("OUTSIDE.BIN");
 }
 
-static void checkLibrary(const struct Library* library) {
-    makeMacFile();
-    checkErrors(library);
-    checkRoundTrip(library);
-    removeMacFile();
-    CHECK(library->uninstInitialize() == 0);
-    CHECK(library->uninstUnInitialize() == 0);
-}
-
-/* A function's address as the type of a function, which C has no word for. */
-static void find(HMODULE module, const char* name, void* function) {
-    FARPROC const found = GetProcAddress(module, name);
-    CHECK(found != NULL);
-    memcpy(function, &found, sizeof found);
-}
+/* What the program is linked with is found under its name, too, and has the type that is told for that. */
+#define CHECK_FOUND(name)                             \
+    do {                                              \
+        Tidewell##name const linked = name;           \
+        CHECK(linked != NULL);                        \
+        CHECK(GetProcAddress(module, #name) != NULL); \
+    } while (0)
 
 int main(void) {
-    struct Library library = {CreateMacBinaryFile, ExtractOriginalMacFile, UninstInitialize,
-                              UninstUnInitialize};
     TidewellDllCanUnloadNow canUnloadNow;
-    HMODULE const module = LoadLibraryA("TIDEWELL.DLL");
-    CHECK(module != NULL);
-    if (module == NULL) return 1;
+    HMODULE const module = GetModuleHandleA("TIDEWELL.DLL");
+    FARPROC const found = GetProcAddress(module, "DllCanUnloadNow");
     GetCurrentDirectoryA(sizeof folder, folder);
-    checkLibrary(&library);
+    makeMacFile();
+    checkRoundTrip();
+    removeMacFile();
+    CHECK(UninstInitialize() == 0);
+    CHECK(UninstUnInitialize() == 0);
 
-    find(module, "CreateMacBinaryFile", &library.createMacBinaryFile);
-    find(module, "ExtractOriginalMacFile", &library.extractOriginalMacFile);
-    find(module, "UninstInitialize", &library.uninstInitialize);
-    find(module, "UninstUnInitialize", &library.uninstUnInitialize);
-    find(module, "DllCanUnloadNow", &canUnloadNow);
-    checkLibrary(&library);
+    CHECK_FOUND(CreateMacBinaryFile);
+    CHECK_FOUND(ExtractOriginalMacFile);
+    CHECK_FOUND(UninstInitialize);
+    CHECK_FOUND(UninstUnInitialize);
+    CHECK(found != NULL);
+    /* A function's address as the type of a function, which C has no word for. */
+    memcpy(&canUnloadNow, &found, sizeof found);
     CHECK(canUnloadNow() == S_OK);
-    FreeLibrary(module);
     return failures != 0;
 }

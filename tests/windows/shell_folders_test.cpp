@@ -31,15 +31,15 @@ std::string upperCaseOf(std::string text) {
     return text;
 }
 
-// What the folder chooser was shown with, and what is chosen in it.
+constexpr char kTitle[] = "Select the folder.";
+
+// What is chosen in the folder chooser, and what it was shown with.
 struct Chooser {
     HWND owner = nullptr;
-    std::string title;
-    UINT flags = 0;
-    std::string selected;
+    std::string choice;  // empty: Cancel
+    std::string selected = {};
     UINT selectedSize = 0;
     int shown = 0;
-    std::string choice;  // empty: Cancel
 } chooser;
 
 // The chooser's window as its callback sees it.
@@ -56,9 +56,9 @@ LRESULT CALLBACK chooserProcedure(HWND window, UINT message, WPARAM wParam, LPAR
 
 ITEMIDLIST* WINAPI browse(BROWSEINFOA* info) {
     ++chooser.shown;
-    chooser.owner = info->hwndOwner;
-    chooser.title = info->lpszTitle;
-    chooser.flags = info->ulFlags;
+    CHECK(info->hwndOwner == chooser.owner);
+    CHECK(info->lpszTitle == std::string(kTitle));
+    CHECK(info->ulFlags == BIF_RETURNONLYFSDIRS);
     CHECK(info->pidlRoot == nullptr);
     std::memset(info->pszDisplayName, 'x', MAX_PATH);
     const TestWindow window("chooser");
@@ -75,14 +75,8 @@ std::string chosenFrom(const std::string& path, const std::string& choice, bool 
     char buffer[kPathCapacity] = "";
     std::strcpy(buffer, path.c_str());
     const TestWindow owner("owner");
-    chooser = {};
-    chooser.choice = choice;
-    CHECK(BrowseForFolder(owner, "Select the folder.", buffer) == chosen);
-    if (chooser.shown != 0) {
-        CHECK(chooser.owner == owner);
-        CHECK(chooser.title == "Select the folder.");
-        CHECK(chooser.flags == BIF_RETURNONLYFSDIRS);
-    }
+    chooser = {owner, choice};
+    CHECK(BrowseForFolder(owner, kTitle, buffer) == chosen);
     return buffer;
 }
 
@@ -108,11 +102,11 @@ TEST_CASE("The desktop's folder is known by every name") {
 }
 
 TEST_CASE("What is no path becomes no item list") {
-    ItemList none;
-    CHECK(FAILED(PathToItemList(nullptr, "C:\\missing", none)));
-    CHECK_FALSE(none);
-    CHECK(FAILED(PathToItemList(nullptr, std::string(kPathCapacity, 'a').c_str(), none)));
-    CHECK_FALSE(none);
+    for (const std::string& path : {std::string("C:\\missing"), std::string(kPathCapacity, 'a')}) {
+        ItemList none;
+        CHECK(FAILED(PathToItemList(nullptr, path.c_str(), none)));
+        CHECK_FALSE(none);
+    }
 }
 
 TEST_CASE("The folder chooser starts at the folder and gives the chosen one") {

@@ -17,29 +17,19 @@ TEST_CASE("The dialog's answer decides about a file of the PC") {
     const TestWindow owner("owner");
     const Bytes data = patternOf(300'000);
     writeFile("F:\\in.bin", macBinaryFile({.file = {.data = data}, .name = bytesOf("Letter")}));
-    struct {
-        DWORD flags;
-        int button;
-        ErrorCode error;
-        bool replaced;
-    } const rows[] = {
-        {0, IDNO, 0, false},
-        {kMoreFollow, IDCANCEL, ERROR_CANCELLED, false},
-        {0, IDYES, 0, true},
-        {kMoreFollow, IDYESTOALL, 0, true},
-    };
-    for (const auto& row : rows) {
-        CAPTURE(row.button);
+    for (const int button : {IDCANCEL, IDYESTOALL}) {
+        const bool replaced = button == IDYESTOALL;
         writeFile("N:\\Letter", bytesOf("mine"));
-        DWORD flags = row.flags;
+        DWORD flags = kMoreFollow;
         const ModalDriver driver([&](HWND dialog) {
             CHECK(GetWindow(dialog, GW_OWNER) == owner);
-            press(dialog, row.button);
+            press(dialog, button);
         });
-        CHECK(ExtractOriginalMacFile(owner, "F:\\in.bin", "N:\\", &flags, nullptr) == row.error);
+        const ErrorCode error = ExtractOriginalMacFile(owner, "F:\\in.bin", "N:\\", &flags, nullptr);
+        CHECK(error == (replaced ? 0 : ERROR_CANCELLED));
         CHECK(driver.shown() == 1);
-        CHECK(readFile("N:\\Letter") == (row.replaced ? data : bytesOf("mine")));
-        CHECK(((flags & kReplaceAll) != 0) == (row.button == IDYESTOALL));
+        CHECK(readFile("N:\\Letter") == (replaced ? data : bytesOf("mine")));
+        CHECK(((flags & kReplaceAll) != 0) == replaced);
         CHECK(pc.nothingHeld());
     }
     CHECK(scriptedUser.asked == 0);

@@ -238,17 +238,13 @@ Error AppleDouble::writeResource(uint64_t offset, const void* buffer, size_t cou
     return 0;
 }
 
-Error AppleDouble::resizeResource(uint64_t bytes) {
+Error AppleDouble::truncateResource() {
     if (!has(kResourceFork)) return ERROR_FILE_NOT_FOUND;
-    if (bytes > kLargestFork) return ERROR_FILE_TOO_LARGE;
-    if (bytes == length(kResourceFork)) return 0;
-    Error error = makeResourceLast(static_cast<uint32_t>(std::min<uint64_t>(bytes, UINT32_MAX)));
-    const bool shrinks = bytes < length(kResourceFork);
-    const uint64_t end = source_.header.find(kResourceFork)->offset + bytes;
-    if (error == 0 && shrinks) error = setResourceLength(bytes);
-    if (error == 0) error = file_->setSize(end);
-    if (error == 0) source_.fileSize = end;
-    if (error == 0 && !shrinks) error = setResourceLength(bytes);
+    Error error = makeResourceLast(0);
+    const uint64_t start = source_.header.find(kResourceFork)->offset;
+    if (error == 0) error = setResourceLength(0);
+    if (error == 0) error = file_->setSize(start);
+    if (error == 0) source_.fileSize = start;
     return error;
 }
 

@@ -45,7 +45,7 @@ class AppleDouble {
 
     // The entry exists, and openForWriting succeeded. ERROR_FILE_TOO_LARGE behind 4 GB - 1.
     Error writeResource(uint64_t offset, const void* buffer, size_t count);
-    Error resizeResource(uint64_t bytes);
+    Error truncateResource();
     Error flush();
     // Tells of what the host could not keep of the bytes it had taken. Nothing else is asked of the object.
     Error close();

@@ -49,7 +49,8 @@ class HostFile : public File {
     explicit HostFile(std::shared_ptr<SpaceLimit> space) : space_(std::move(space)) {}
 
     Error write(uint64_t offset, const void* buffer, size_t count) final;
-    Error setSize(uint64_t bytes) final;
+    Error truncate() final { return setSize(0); }
+    Error setSize(uint64_t bytes);
 
     virtual Error status(HostStatus& status) const = 0;
 

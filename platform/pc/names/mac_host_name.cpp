@@ -13,7 +13,6 @@ namespace pc {
 namespace {
 
 constexpr size_t kLongestMacName = 31;
-constexpr size_t kLongestUnicodeName = 255;
 
 std::string slashesForColons(std::string_view hostName) {
     std::string name = hostNameOf(hostName);
@@ -40,21 +39,10 @@ bool isAscii(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-bool isLowSurrogate(char16_t unit) {
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-
 }  // namespace
 
 std::string macNameFromHost(std::string_view hostName) {
     return macRomanFromUtf8(slashesForColons(hostName)).substr(0, kLongestMacName);
-}
-
-std::u16string unicodeMacNameFromHost(std::string_view hostName) {
-    std::u16string name = utf16FromUtf8(slashesForColons(hostName));
-    if (name.size() <= kLongestUnicodeName) return name;
-    name.resize(isLowSurrogate(name[kLongestUnicodeName]) ? kLongestUnicodeName - 1 : kLongestUnicodeName);
-    return name;
 }
 
 std::string hostNameFromMac(std::string_view macRoman) {

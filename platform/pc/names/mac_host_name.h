@@ -16,9 +16,6 @@ using MacName = std::variant<std::string, std::u16string>;
 // Mac Roman, at most 31 bytes.
 std::string macNameFromHost(std::string_view hostName);
 
-// At most 255 UTF-16 units; accents stay composed or decomposed as the host has them.
-std::u16string unicodeMacNameFromHost(std::string_view hostName);
-
 // UTF-8. Names that no file of the host, or only the driver's own, may have get "_" for what is in the way:
 // NUL, the first character of ".", "..", "._..." and of the pseudo-files' names, or all of an empty name.
 // What Windows shows for the name leads to it: a stand-in for a reserved character becomes that character,

@@ -30,10 +30,8 @@ struct FinderRecord {
     tidewell::Le<uint32_t> resourceLength;  // files
     uint8_t unused4[32];
     uint8_t macNameLength;
-    char macName[31];                      // Mac Roman
-    tidewell::Le<uint16_t> unicodeLength;  // bytes
-    tidewell::Le<uint16_t> unicodeName[255];
-    uint8_t unused5[4];
+    char macName[31];      // Mac Roman
+    uint8_t unused5[516];  // the name in UTF-16, which nobody asks for
 };
 static_assert(sizeof(FinderRecord) == 1155 && offsetof(FinderRecord, info) == 523);
 static_assert(offsetof(FinderRecord, resourceLength) == 571 && offsetof(FinderRecord, macNameLength) == 607);

@@ -118,9 +118,6 @@ Error describeItem(Host& host, const MacItem& item, const AppleDouble& store, Fi
     const std::string macName = macNameOf(item, store).substr(0, sizeof record.macName);
     record.macNameLength = static_cast<uint8_t>(macName.size());
     std::copy(macName.begin(), macName.end(), record.macName);
-    const std::u16string unicodeName = unicodeMacNameFromHost(item.name);
-    record.unicodeLength = static_cast<uint16_t>(2 * unicodeName.size());
-    std::copy(unicodeName.begin(), unicodeName.end(), record.unicodeName);
     return 0;
 }
 
@@ -159,7 +156,7 @@ class ResourceForkFile final : public File {
         bytes = store_->length(kResourceFork);
         return 0;
     }
-    Error setSize(uint64_t bytes) override { return store_->resizeResource(bytes); }
+    Error truncate() override { return store_->truncateResource(); }
     Error flush() override { return store_->flush(); }
     Error close() override { return closeLast(store_); }
 
@@ -203,7 +200,7 @@ class FinderInfoFile final : public File {
         bytes = sizeof record_;
         return 0;
     }
-    Error setSize(uint64_t bytes) override { return bytes == sizeof record_ ? 0 : ERROR_INVALID_PARAMETER; }
+    Error truncate() override { return ERROR_INVALID_PARAMETER; }
     Error flush() override { return flush_ == FinderFlush::toDisk ? store_->flush() : 0; }
     Error close() override { return closeLast(store_); }
 

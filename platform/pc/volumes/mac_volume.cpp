@@ -20,6 +20,10 @@ namespace {
 
 enum class Fork { data, resource, finderInfo };
 
+// What follows the identity of a file in those of its pseudo-files.
+constexpr const char* kResourceIdentity = "/resource";
+constexpr const char* kFinderIdentity = "/finder";
+
 constexpr std::string_view kRootStoreName = "._.";
 constexpr std::string_view kUnnamedVolume = "Untitled";
 constexpr size_t kStoresKeptUnasked = 64;
@@ -39,6 +43,7 @@ class MacVolume final : public Volume, public MacDirectory {
     Error open(const std::string& path, const OpenMode& mode, Opened& opened) override;
     Error openForQuery(const std::string& path, Opened& opened) override;
     Error remove(const std::string& path) override;
+    Error move(const std::string& from, const std::string& to, const SharingCheck& check) override;
     Error shortPath(const std::string& path, std::string& shortForm) override;
     void setFreeSpace(uint64_t bytes) override { host_.setFreeSpace(bytes); }
     void losePower(PowerCut cut) override { host_->losePower(cut); }
@@ -171,7 +176,7 @@ Error MacVolume::openStore(const Place& place, Store& store) {
 }
 
 Error MacVolume::open(const std::string& path, const OpenMode& mode, Opened& opened) {
-    if (mode.disposition < CREATE_NEW || mode.disposition > TRUNCATE_EXISTING) return ERROR_INVALID_PARAMETER;
+    if (mode.disposition < CREATE_NEW || mode.disposition > OPEN_ALWAYS) return ERROR_INVALID_PARAMETER;
     Place place;
     Error error = locate(path, place);
     if (error != 0) return error;
@@ -204,7 +209,7 @@ Error MacVolume::openResource(const Place& place, const OpenMode& mode, Opened& 
     }
     if (error == 0 && (mode.write || truncates(mode.disposition))) error = store->openForWriting();
     if (error != 0) return error;
-    opened.identity = place.item.status.identity + "/resource";
+    opened.identity = place.item.status.identity + kResourceIdentity;
     opened.created = !exists;
     opened.file = makeResourceForkFile(std::move(store));
     return 0;
@@ -215,7 +220,7 @@ Error MacVolume::openFinderInfo(const Place& place, const OpenMode& mode, Opened
     Store store;
     const Error error = openStore(place, store);
     if (error != 0) return error;
-    opened.identity = place.item.status.identity + "/finder";
+    opened.identity = place.item.status.identity + kFinderIdentity;
     opened.created = false;
     opened.file = makeFinderInfoFile(*host_, place.item, std::move(store), flush_);
     return 0;
@@ -232,7 +237,7 @@ Error MacVolume::openForQuery(const std::string& path, Opened& opened) {
     const bool resource = place.fork == Fork::resource;
     status.kind = HostKind::file;
     status.size = sizeof(FinderRecord);
-    status.identity += resource ? "/resource" : "/finder";
+    status.identity += resource ? kResourceIdentity : kFinderIdentity;
     if (resource) {
         Store store;
         error = openStore(place, store);
@@ -271,6 +276,26 @@ Error MacVolume::removeFile(const Place& place) {
     store->forget();
     stores_.erase(key);
     return host_.discard(storePath(place));
+}
+
+Error MacVolume::move(const std::string& from, const std::string& to, const SharingCheck& check) {
+    Place source, target;
+    Error error = locateExisting(from, source);
+    if (error == 0) error = locate(to, target);
+    if (error != 0) return error;
+    const bool file = source.fork == Fork::data && source.item.status.kind == HostKind::file;
+    if (!file || target.fork != Fork::data || target.driversOwn) return ERROR_ACCESS_DENIED;
+    if (target.found == 0) return ERROR_ALREADY_EXISTS;
+    for (const char* const fork : {"", kResourceIdentity, kFinderIdentity}) {
+        if (error == 0) error = check(source.item.status.identity + fork);
+    }
+    Store store;
+    if (error == 0) error = openStore(source, store);
+    if (error != 0) return error;
+    std::vector<std::pair<std::string, std::string>> moves = {{source.item.path, target.item.path}};
+    if (store->exists()) moves.emplace_back(storePath(source), storePath(target));
+    store.reset();
+    return host_.moveAll(moves);
 }
 
 Error MacVolume::shortPath(const std::string& path, std::string& shortForm) {

@@ -28,6 +28,7 @@ class PlainVolume final : public Volume {
     Error truncate(const std::string& path, uint32_t disposition, File& file) override;
     Error openForQuery(const std::string& path, Opened& opened) override;
     Error remove(const std::string& path) override;
+    Error move(const std::string& from, const std::string& to, const SharingCheck& check) override;
     Error shortPath(const std::string& path, std::string& shortForm) override;
     void setFreeSpace(uint64_t bytes) override { host_.setFreeSpace(bytes); }
     void losePower(PowerCut cut) override { host_->losePower(cut); }
@@ -60,6 +61,7 @@ class PlainVolume final : public Volume {
     std::string shortNameIn(const std::string& folder, const std::string& hostName);
     void findStream(Place& place) const;
     Error openStream(Place& place, const OpenMode& mode, Opened& opened);
+    Error listStreams(const Place& place, std::vector<std::string>& streams) const;
     Error removeStreams(const Place& place);
 
     VolumeHost host_;
@@ -214,18 +216,47 @@ Error PlainVolume::remove(const std::string& path) {
     if (error != 0) return error;
     if (!place.stream.empty()) return host_.remove(place.streamPath());
     error = host_.remove(place.path());
-    return error == 0 && ntfs() ? removeStreams(place) : error;
+    return error == 0 ? removeStreams(place) : error;
+}
+
+// With its colon, as it follows the file's name on the host.
+Error PlainVolume::listStreams(const Place& place, std::vector<std::string>& streams) const {
+    std::vector<HostItem> items;
+    const Error error = ntfs() ? host_->list(place.folder, items) : 0;
+    for (const HostItem& item : items) {
+        if (item.name.starts_with(place.name + ":")) streams.push_back(item.name.substr(place.name.size()));
+    }
+    return error;
 }
 
 Error PlainVolume::removeStreams(const Place& place) {
-    std::vector<HostItem> items;
-    Error result = host_->list(place.folder, items);
-    for (const HostItem& item : items) {
-        if (!item.name.starts_with(place.name + ":")) continue;
-        const Error error = host_.discard(hostJoin(place.folder, item.name));
+    std::vector<std::string> streams;
+    Error result = listStreams(place, streams);
+    for (const std::string& stream : streams) {
+        const Error error = host_.discard(place.path() + stream);
         if (result == 0) result = error;
     }
     return result;
+}
+
+Error PlainVolume::move(const std::string& from, const std::string& to, const SharingCheck& check) {
+    Place source, target;
+    Error error = locateExisting(from, source);
+    if (error == 0) error = locate(to, target);
+    if (error != 0) return error;
+    if (!source.stream.empty() || !target.stream.empty()) return ERROR_INVALID_NAME;
+    if (source.status.kind != HostKind::file) return ERROR_ACCESS_DENIED;
+    if (target.found == 0) return ERROR_ALREADY_EXISTS;
+    std::vector<std::string> forks = {""};
+    error = listStreams(source, forks);
+    std::vector<std::pair<std::string, std::string>> moves;
+    for (const std::string& fork : forks) {
+        HostStatus status;
+        moves.emplace_back(source.path() + fork, target.path() + fork);
+        if (error == 0) error = host_->status(moves.back().first, status);
+        if (error == 0) error = check(status.identity);
+    }
+    return error == 0 ? host_.moveAll(moves) : error;
 }
 
 Error PlainVolume::shortPath(const std::string& path, std::string& shortForm) {

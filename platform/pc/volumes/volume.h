@@ -6,6 +6,8 @@
 #include "pc/host/host.h"
 #include "pc/names/mac_host_name.h"
 
+#include <functional>
+
 namespace pc {
 
 // The items of a Mac volume by their Mac names. Folders are paths as Volume has them.
@@ -24,6 +26,9 @@ class MacDirectory {
     // error there is no new file.
     virtual Error create(const std::string& folder, const MacName& name, std::string& windowsName) = 0;
 };
+
+// ERROR_SHARING_VIOLATION when what has that identity is open.
+using SharingCheck = std::function<Error(const std::string& identity)>;
 
 // Paths given to a volume are UTF-8, relative to its root, components separated by '\', without a leading
 // one; the root itself is the empty path. A trailing '\' is allowed after a folder.
@@ -51,6 +56,13 @@ class Volume {
     // Deletes a file together with everything kept beside it: its streams, or its Mac information.
     // A path of a stream deletes only the stream.
     virtual Error remove(const std::string& path) = 0;
+
+    // Gives a file another path on the volume, and everything that is kept beside it, or after an error
+    // nothing. `check` is asked for the file and each of its forks whether it may move. ERROR_ALREADY_EXISTS:
+    // there is anything at `to`; ERROR_ACCESS_DENIED: a folder, or a path that is no file's on a Mac volume;
+    // ERROR_INVALID_NAME: a stream. A file whose Mac information is damaged does not move: it could not be
+    // deleted with it afterwards.
+    virtual Error move(const std::string& from, const std::string& to, const SharingCheck& check) = 0;
 
     // The 8.3 form of an existing path, or the path unchanged where the volume has no short names.
     virtual Error shortPath(const std::string& path, std::string& shortForm) = 0;

@@ -29,7 +29,7 @@ bool mayCreate(uint32_t disposition) {
 }
 
 bool truncates(uint32_t disposition) {
-    return disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING;
+    return disposition == CREATE_ALWAYS;
 }
 
 // Nothing of an empty file: a host may take that for the replacing of one, and write the new one out at the
@@ -37,7 +37,7 @@ bool truncates(uint32_t disposition) {
 Error Volume::truncate(const std::string&, uint32_t disposition, File& file) {
     uint64_t size = 0;
     const Error error = truncates(disposition) ? file.size(size) : 0;
-    return error == 0 && size != 0 ? file.setSize(0) : error;
+    return error == 0 && size != 0 ? file.truncate() : error;
 }
 
 Error answerQuery(const HostStatus& status, Opened& opened) {
@@ -67,7 +67,7 @@ Error VolumeHost::openWith(const std::string& path, const HostAccess& access, Op
 }
 
 Error VolumeHost::open(const std::string& path, const OpenMode& mode, Opened& opened) const {
-    if (mode.disposition < CREATE_NEW || mode.disposition > TRUNCATE_EXISTING) return ERROR_INVALID_PARAMETER;
+    if (mode.disposition < CREATE_NEW || mode.disposition > OPEN_ALWAYS) return ERROR_INVALID_PARAMETER;
     HostAccess access{mode.read, mode.write || truncates(mode.disposition), false};
     HostStatus status;
     Error error = host_->status(path, status);
@@ -94,6 +94,17 @@ Error VolumeHost::remove(const std::string& path) const {
     error = host_->remove(path);
     if (error == 0) giveBack(status.size);
     return error;
+}
+
+Error VolumeHost::moveAll(const std::vector<std::pair<std::string, std::string>>& moves) const {
+    for (size_t i = 0; i < moves.size(); ++i) {
+        const Error error = host_->move(moves[i].first, moves[i].second);
+        if (error == 0) continue;
+        while (i-- > 0)
+            host_->move(moves[i].second, moves[i].first);
+        return error == ERROR_FILE_EXISTS ? ERROR_ALREADY_EXISTS : error;
+    }
+    return 0;
 }
 
 Error VolumeHost::discard(const std::string& path) const {

@@ -6,6 +6,8 @@
 
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace pc {
 
@@ -37,6 +39,9 @@ class VolumeHost {
     Error remove(const std::string& path) const;
     // Removes a file that must not stay behind; nothing of that name, or what is no file, is no error.
     Error discard(const std::string& path) const;
+    // Moves files, each a pair of what it has and what it gets; after an error all are where they were.
+    // ERROR_ALREADY_EXISTS: there is something in the place of one.
+    Error moveAll(const std::vector<std::pair<std::string, std::string>>& moves) const;
 
   private:
     Error openWith(const std::string& path, const HostAccess& access, Opened& opened) const;

@@ -1,0 +1,95 @@
+#include "mac_text.h"
+
+#include "base/mac_roman.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <iterator>
+
+namespace cli {
+
+namespace {
+
+bool isControl(char16_t unit) {
+    return unit < ' ' || unit == 0x7F;
+}
+
+char16_t unitOfMac(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x80 ? char16_t{byte} : tidewell::kMacRomanUpperHalf[byte - 0x80];
+}
+
+std::u16string unitsOfMac(const std::string& mac) {
+    std::u16string units;
+    for (const char c : mac)
+        units += unitOfMac(c);
+    return units;
+}
+
+std::u16string unitsOfText(const std::string& text) {
+    // No code page has characters of more units than bytes.
+    std::basic_string<WCHAR> wide(text.size(), 0);
+    const int count = text.empty()
+                          ? 0
+                          : MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()),
+                                                wide.data(), static_cast<int>(wide.size()));
+    return {wide.begin(), wide.begin() + count};
+}
+
+std::string textOf(const std::u16string& units) {
+    constexpr size_t kMostBytes = 4;  // that a unit becomes
+    const std::basic_string<WCHAR> wide(units.begin(), units.end());
+    std::string text(kMostBytes * wide.size(), '\0');
+    const int count = wide.empty()
+                          ? 0
+                          : WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()),
+                                                text.data(), static_cast<int>(text.size()), nullptr, nullptr);
+    text.resize(static_cast<size_t>(count));
+    return text;
+}
+
+std::string jsonOf(const std::u16string& units) {
+    std::string json = "\"";
+    for (const char16_t unit : units) {
+        if (isControl(unit) || unit > 0x7F) {
+            char escape[8];
+            std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(unit));
+            json += escape;
+        } else {
+            if (unit == '"' || unit == '\\') json += '\\';
+            json += static_cast<char>(unit);
+        }
+    }
+    return json + '"';
+}
+
+}  // namespace
+
+std::string textOfMac(const std::string& mac) {
+    std::u16string units = unitsOfMac(mac);
+    std::replace_if(units.begin(), units.end(), isControl, u'?');
+    return textOf(units);
+}
+
+std::optional<std::string> macOfTyped(const std::string& typed) {
+    constexpr auto& kUpperHalf = tidewell::kMacRomanUpperHalf;
+    std::string mac;
+    for (const char16_t unit : unitsOfText(typed)) {
+        const auto* const found = std::find(std::begin(kUpperHalf), std::end(kUpperHalf), unit);
+        if (unit >= 0x80 && found == std::end(kUpperHalf)) return std::nullopt;
+        mac += static_cast<char>(unit < 0x80 ? unit : 0x80 + (found - std::begin(kUpperHalf)));
+    }
+    return mac;
+}
+
+std::string jsonOfMac(const std::string& mac) {
+    return jsonOf(unitsOfMac(mac));
+}
+
+std::string jsonOfText(const std::string& text) {
+    return jsonOf(unitsOfText(text));
+}
+
+}  // namespace cli

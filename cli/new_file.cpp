@@ -1,0 +1,27 @@
+#include "new_file.h"
+
+#include "base/file.h"
+
+namespace cli {
+
+using tidewell::ErrorCode;
+
+ErrorCode makeNewFile(const char* path, const std::function<ErrorCode(HANDLE)>& fill) {
+    tidewell::OwnedFile file(
+        CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) return tidewell::lastError();
+    ErrorCode error = fill(file.get());
+    if (error == 0) error = tidewell::FlushWritten(file.get());
+    const ErrorCode closed = tidewell::CloseWritten(file);
+    if (error == 0) error = closed;
+    if (error != 0) DeleteFileA(path);
+    return error;
+}
+
+ErrorCode makeNewFile(const char* path, const std::string& bytes) {
+    return makeNewFile(path, [&](HANDLE file) {
+        return tidewell::WriteWhole(file, bytes.data(), static_cast<DWORD>(bytes.size()));
+    });
+}
+
+}  // namespace cli

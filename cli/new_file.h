@@ -1,0 +1,21 @@
+// Files that are not there yet.
+#ifndef TIDEWELL_CLI_NEW_FILE_H
+#define TIDEWELL_CLI_NEW_FILE_H
+
+#include "base/error_code.h"
+
+#include <functional>
+#include <string>
+
+namespace cli {
+
+// Makes the file at a Windows path with what `fill` writes, and has it on the disk; after an error there is
+// none. The system's error, or that of `fill`.
+tidewell::ErrorCode makeNewFile(const char* path, const std::function<tidewell::ErrorCode(HANDLE)>& fill);
+
+// With these bytes.
+tidewell::ErrorCode makeNewFile(const char* path, const std::string& bytes);
+
+}  // namespace cli
+
+#endif

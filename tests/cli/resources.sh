@@ -1,0 +1,156 @@
+#!/usr/bin/env bash
+# The resources command, on forks that another program wrote, held against what another program reads.
+. "$(dirname "$0")/support.bash"
+
+fork_tool() { python3 "$here/resource-fork.py" "$@"; }
+
+# keep FORK NAME: the fork becomes that of the Mac file NAME, of a MacBinary and of a BinHex file.
+keep() {
+    local size
+    size=$(stat -c %s "$1")
+    mac_file make "$2" 10 "$size" TEXT ttxt 0
+    head -c -"$size" "._$2" >double && cat double "$1" >"._$2"
+    mac_file info "$2" 10 "$size" TEXT ttxt 0
+    cp "$1" "$2.rsrc"
+    binhex "$2.info" | sed '1s/.*/(This file must be converted with BinHex 4.0)/' >"$2.hqx"
+    macstream "$2.info" | macsave -b
+}
+
+# agrees WHAT ARGS...: the listing for programs, and what the other reader finds in fork.
+agrees() {
+    "$TIDEWELL" resources --json "${@:2}" >listing || fail "$1: $?"
+    fork_tool list fork <listing || fail "$1"
+}
+
+cat >resources.json <<'END'
+[["ICN#", 128, "Application icon", 32, "ICON"],
+ ["STR ", -16455, "Café \u001b[31m", 0, "\u0005Hello"], ["STR ", 5, null, 84, "\u00075 \r\n\u0000é\""],
+ ["©\"\\\u0000", 1, "", 255, ""], ["TEXT", 32767, "LONG", 1, "x"], ["TEXT", -32768, "\t\u0000\u0001", 8, "y"]]
+END
+# An icon with every other pixel black, in the left half of its mask.
+python3 - resources.json <<'END'
+import json, sys
+forks = json.load(open(sys.argv[1]))
+icon = b"\xaa\xaa\xaa\xaa" * 32 + b"\xff\xff\x00\x00" * 32
+forks[0][4] = icon.decode("mac_roman")
+forks[4][2] = "n" * 255
+json.dump(forks, open(sys.argv[1], "w"))
+END
+fork_tool make <resources.json >fork
+keep fork Demo
+agrees "the fork itself" --data fork
+for file in Demo Demo.hqx Demo.bin; do
+    agrees "$file" $file
+done
+cp Demo.hqx DEMO.HQX
+agrees "capitals" DEMO.HQX
+mac_file make both.bin 10 0 TEXT ttxt 0
+cat Demo.bin >both.bin
+agrees "an archive whose own fork is empty" both.bin
+
+run resources Demo
+same "text: status" 0 "$status"
+lines=$(grep -an . <<<"$out")
+[[ $lines == "1:ICN#  Large (32 x 32) black & white icon with mask
+2:     128  Application icon       256 bytes  purgeable
+3:STR   String
+4:  -16455  Café ?[31m               6 bytes
+5:       5                           8 bytes  system heap, locked, preload
+"* ]] || fail "text: $lines"
+[[ $lines == *"nnnn         1 byte "$'\n'* && $lines == *"  ???  "* ]] || fail "text: $lines"
+
+# One resource.
+taken() {
+    run resources Demo.hqx "$@"
+    same "$*" 0 "$status"
+}
+"$TIDEWELL" resources Demo --type=ICN# --id=128 --raw | cmp - <(printf '\xaa%.0s' {1..128}; printf '\xff\xff\0\0%.0s' {1..32}) ||
+    fail "raw"
+taken --type='STR ' --id=-16455 --hex
+same "hex" "0000: 0548656c 6c6f                        .Hello" "$out"
+taken --type=0x54455854 --id=32767 --raw -o text
+same "saved" "saved Demo.hqx -> text x" "$out $(cat text)"
+taken --type=0xA9225C00 --id=1 --raw -o nothing
+same "an empty one" 0 "$(stat -c %s nothing)"
+mkdir out
+taken --fork -o out/Demo.rsf
+same_bytes "the fork" out/Demo.rsf fork
+
+# Replacing.
+echo old >out/old
+run resources Demo --fork -o out/old
+expect "exists" 1 "" "tidewell: Demo: error 80: out/old exists*"
+run resources Demo --fork --replace=no -o out/old
+same "kept" "0 old" "$status $(cat out/old)"
+run resources Demo --fork --replace=yes -o out/old
+same_bytes "replaced" out/old fork
+ln fork out/link
+for own in fork out/link; do
+    run resources --data --fork --replace=yes -o $own fork
+    expect "over itself: $own" 1 "" "tidewell: fork: error 32: $own is the source."
+done
+mac_file make Beside 10 10 TEXT ttxt 0
+cp ._Beside before
+for bad in "5 out" "2 nowhere/file" "80 ._Beside" "5 /dev/null"; do
+    run resources Demo --fork --replace=yes -o "${bad#* }"
+    expect "$bad" 1 "" "tidewell: *: error ${bad% *}: ?*"
+done
+same_bytes "AppleDouble files are left alone" ._Beside before
+[ -c /dev/null ] || fail "a device was replaced"
+
+# What fails leaves nothing.
+python3 -c 'import json; json.dump([["BIG ", 1, None, 0, "x" * 2000000]], open("big.json", "w"))'
+fork_tool make <big.json >big
+mkdir small
+for what in "--type=BIG\  --id=1 --raw" --fork; do
+    (
+        trap '' XFSZ
+        ulimit -f 1000
+        eval "run resources --data big $what -o small/file"
+        [ "$status" = 1 ] || fail "half-way: $status"
+    )
+    same "half-way: $what" "" "$(ls -A small)"
+done
+for what in "" --json "--type=ICN# --id=128 --hex"; do
+    status=0
+    "$TIDEWELL" resources $what Demo >/dev/full 2>/dev/null || status=$?
+    same "a full standard output: $what" 1 "$status"
+done
+shown=$(script -qec "'$TIDEWELL' resources Demo --type=ICN# --id=128 --raw" /dev/null || true)
+[[ $shown == *"say -o FILE"* ]] || fail "raw on a terminal: $shown"
+
+# Pictures.
+run resources --png=out Demo
+expect "pictures" 0 "saved Demo -> out/ICN#_128.png"
+fork_tool pixels 'out/ICN#_128.png' >pixels
+same "rows" 32 "$(wc -l <pixels)"
+same "in the mask" "$(printf '000000ffffffffff%.0s' {1..8})" "$(cut -c-128 pixels | sort -u)"
+same "outside the mask" "$(printf '00%.0s' {1..16})" "$(cut -c129- pixels | sed 's/.\{6\}\(..\)/\1/g' | sort -u)"
+echo '[["ICON", 1, null, 0, "short"], ["TEXT", 1, null, 0, "none"]]' | fork_tool make >bad
+run resources --data --png=out bad
+expect "a damaged picture" 1 "" "tidewell: bad: error 13: ICON_1.png is left out*"
+
+# What is no fork.
+head -c 200 fork >cut
+head -c 300 Demo.hqx >short.hqx
+tr U V <Demo.bin >damaged.bin
+echo text >none.hqx
+: >empty
+for bad in "38 --data cut" "1003 --data empty" "1003 resources.json" "1003 Demo.data" "38 short.hqx" "23 damaged.bin" \
+    "13 none.hqx" "2 missing" "5 out"; do
+    run resources ${bad#* }
+    expect "$bad" 1 "" "tidewell: ${bad##* }: error ${bad%% *}: ?*"
+done
+echo '[]' | fork_tool make >none
+run resources --data --json none
+expect "no resources" 0 "[]"
+# A size behind the end of the fork, and entries behind it.
+echo '[["FAR ", 1, null, 0, "x"]]' | fork_tool make >fork
+perl -pi -e 'BEGIN { $/ = undef } substr($_, -7, 3) = "\xff\xff\xff"' fork
+agrees "unreadable" --data fork
+run resources --data fork
+[[ "$status $out" == "0 FAR "*" unreadable" ]] || fail "unreadable: $status $out"
+cp fork over
+perl -pi -e 'BEGIN { $/ = undef } substr($_, -16, 2) = "\xff\xff"' over
+run resources --data --json over
+[[ "$status $messages" == "1 tidewell: over: error 1392: "* ]] || fail "entries behind the end: $status $messages"

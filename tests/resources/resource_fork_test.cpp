@@ -1,0 +1,379 @@
+#include "resources/resource_fork.h"
+
+#include "base/file.h"
+
+#include "support/archive_writer.h"
+#include "support/resource_fork_writer.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <functional>
+
+using namespace tidewell;
+
+namespace {
+
+// Forks that claim more are listed so far.
+constexpr int kMostListed = 12;
+constexpr char kPath[] = "N:\\fork";
+
+std::string lineOf(int id, unsigned attributes, const std::string& name, const std::string& data) {
+    return std::to_string(id) + "," + std::to_string(attributes) + "," + name + "," + data + "\n";
+}
+
+std::string bytesAt(const Bytes& bytes, uint64_t at, uint64_t count) {
+    return {reinterpret_cast<const char*>(bytes.data()) + at, static_cast<size_t>(count)};
+}
+
+std::string listed(ResourceForkReader& reader) {
+    std::string text;
+    for (int i = 0; i < static_cast<int>(reader.TypeCount()) && i < kMostListed; ++i) {
+        TypeEntry type;
+        if (!reader.ReadTypeEntry(static_cast<uint16_t>(i), type)) {
+            text += "no type\n";
+            continue;
+        }
+        text += std::string(std::begin(type.type.bytes), std::end(type.type.bytes)) + "\n";
+        for (int j = 0; j <= type.lastIndex && j < kMostListed; ++j) {
+            ReferenceEntry entry;
+            if (!reader.ReadReferenceEntry(type, static_cast<uint16_t>(j), entry)) {
+                text += "no reference\n";
+                continue;
+            }
+            char name[255] = "none";
+            reader.ReadName(entry, name, sizeof name);
+            uint32_t length = 0;
+            const PageBuffer data = reader.ReadData(entry, length);
+            text += lineOf(entry.id(), entry.attributes, name,
+                           data ? std::string(reinterpret_cast<char*>(data.data()), length) : "none");
+        }
+    }
+    return text;
+}
+
+// The same, straight from the bytes of the fork.
+std::string listedByFormat(const Bytes& fork) {
+    const auto holds = [&](uint64_t at, uint64_t count) { return at + count <= fork.size(); };
+    const auto number = [&](uint64_t at, size_t size) { return uint64_t{loadBig(&fork[at], 0, size)}; };
+    const auto signedNumber = [&](uint64_t at) { return static_cast<int16_t>(number(at, 2)); };
+    if (fork.size() < 46 || !holds(number(0, 4), number(8, 4)) || !holds(number(4, 4), number(12, 4)) ||
+        !holds(number(4, 4), 30))
+        return "closed";
+    const uint64_t first = number(4, 4);
+    const uint64_t map = number(first + 4, 4);
+    const uint64_t types = map + number(first + 24, 2);
+    std::string text;
+    for (int i = 0; i <= signedNumber(first + 28) && i < kMostListed; ++i) {
+        const uint64_t type = types + 2 + 8 * static_cast<unsigned>(i);
+        text += holds(type, 8) ? bytesAt(fork, type, 4) + "\n" : "no type\n";
+        for (unsigned j = 0; holds(type, 8) && j <= number(type + 4, 2) && j < kMostListed; ++j) {
+            const uint64_t entry = types + number(type + 6, 2) + 12 * j;
+            if (!holds(entry, 12)) {
+                text += "no reference\n";
+                continue;
+            }
+            // Behind the end, where the position is negative.
+            const uint64_t nameAt =
+                map + number(first + 26, 2) + static_cast<uint64_t>(signedNumber(entry + 2));
+            std::string name = "none";
+            if (signedNumber(entry + 2) != -1 && nameAt < fork.size()) {
+                const uint64_t length = std::min<uint64_t>(fork[nameAt], 254);
+                if (length > 0)
+                    name = holds(nameAt + 1, length) ? bytesAt(fork, nameAt + 1, length).c_str() : "";
+            }
+            const uint64_t dataAt = number(first, 4) + number(entry + 5, 3);
+            std::string data = "none";
+            if (holds(dataAt, 4))
+                data = bytesAt(fork, dataAt + 4, std::min(number(dataAt, 4), fork.size() - dataAt - 4));
+            text += lineOf(signedNumber(entry), fork[entry + 4], name, data);
+        }
+    }
+    return text;
+}
+
+ForkBytes inMemory(const Bytes& bytes) {
+    PageBuffer memory = PageBuffer::allocate(std::max<size_t>(bytes.size(), 1));
+    std::copy(bytes.begin(), bytes.end(), memory.data());
+    return {std::move(memory), bytes.size()};
+}
+
+std::string listedFrom(ForkBytes bytes) {
+    ResourceForkReader reader;
+    return reader.Open(std::move(bytes)) ? listed(reader) : "closed";
+}
+
+OwnedFile openFile(const char* path) {
+    OwnedFile file;
+    REQUIRE(OpenForReading(path, file) == 0);
+    return file;
+}
+
+const std::vector<ForkResource> kResources = {
+    {"ICN#", 128, "Name", 0x20, patternOf(40)},
+    {"STR ", -1, std::nullopt, 0x7F},
+    {"ICN#", -32768, "", 0, {1}},
+    {"ICN#", 7, std::string(254, 'n') + "!", 0, {2, 3}},
+    {"snd ", 0, "x", 0x80, patternOf(300)},
+};
+// Where the parts of their fork are.
+constexpr size_t kData = 256;
+constexpr size_t kMap = kData + 5 * 4 + 343;
+
+TEST_CASE("A fork is listed as it was written, from a file, a part of one, or memory") {
+    TestPc pc;
+    const Bytes fork = resourceForkOf(kResources);
+    std::string expected;
+    for (const char* const type : {"ICN#", "STR ", "snd "}) {
+        expected += std::string(type) + "\n";
+        for (const ForkResource& resource : kResources) {
+            std::string name = resource.name.value_or("none").substr(0, 254);
+            if (name.empty()) name = "none";
+            if (resource.type == type)
+                expected += lineOf(resource.id, resource.attributes, name,
+                                   bytesAt(resource.data, 0, resource.data.size()));
+        }
+    }
+    CHECK(listedByFormat(fork) == expected);
+    CHECK(listedFrom(inMemory(fork)) == expected);
+
+    writeMacFile("M:\\file", {.resource = fork});
+    const ForkPathsOf paths("M:\\file");
+    ResourceForkReader reader;
+    REQUIRE(reader.Open(paths.resourcePath));
+    CHECK(reader.Path() == paths.resourcePath);
+    CHECK(reader.ForkSize() == fork.size());
+    CHECK(listed(reader) == expected);
+    CHECK(CreateFileA(paths.resourcePath, GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0,
+                      nullptr) == INVALID_HANDLE_VALUE);
+    openFile(paths.resourcePath);
+
+    Bytes file = patternOf(100);
+    file.insert(file.end(), fork.begin(), fork.end());
+    file.resize(file.size() + 100, 0xEE);
+    writeFile(kPath, file);
+    REQUIRE(reader.Open(ForkBytes(openFile(kPath), 100, fork.size())));
+    CHECK(reader.Path() == nullptr);
+    CHECK(reader.ForkSize() == fork.size());
+    CHECK(listed(reader) == expected);
+    CHECK(listedFrom(ForkBytes(openFile(kPath), 100, fork.size() - 1)) == "closed");
+    for (const uint64_t start : {uint64_t{file.size() - 10}, uint64_t{file.size() + 10}}) {
+        uint64_t size = 0;
+        CHECK(ForkBytes(openFile(kPath), start, 50).GetSize(size) == 0);
+        CHECK(size == (start < file.size() ? 10 : 0));
+    }
+    SetLastError(1234);
+    reader.Close();
+    CHECK(GetLastError() == 1234);
+    CHECK(reader.TypeCount() == 0);
+    CHECK(reader.ForkSize() == INVALID_FILE_SIZE);
+    CHECK(GetLastError() == ERROR_INVALID_HANDLE);
+    CHECK(pc.nothingHeld());
+}
+
+TEST_CASE("Damaged forks are listed as far as they go") {
+    TestPc pc;
+    pc.journal().setKept(false);
+    const Bytes fork = resourceForkOf(kResources);
+    const auto check = [](const Bytes& damaged) {
+        CHECK(listedFrom(inMemory(damaged)) == listedByFormat(damaged));
+    };
+    // Any field of any size, and what is no field.
+    for (size_t at = 0; at < fork.size(); ++at) {
+        if (at == 16) at = kData;
+        for (size_t size = 1; size <= std::min<size_t>(4, fork.size() - at); ++size) {
+            for (const size_t value :
+                 {size_t{0}, size_t{1}, SIZE_MAX, fork.size(), fork.size() - kMap, fork.size() - kData}) {
+                CAPTURE(at);
+                CAPTURE(size);
+                CAPTURE(value);
+                Bytes damaged = fork;
+                storeBig(damaged, at, size, static_cast<uint32_t>(value));
+                check(damaged);
+            }
+        }
+    }
+    // With lengths that still are within it, any part of it.
+    Bytes shortened = fork;
+    storeBig(shortened, 8, 4, 0);
+    storeBig(shortened, 12, 4, 0);
+    for (; !shortened.empty(); shortened.pop_back())
+        check(shortened);
+    CHECK(pc.nothingHeld());
+}
+
+TEST_CASE("What is no fork is not opened") {
+    TestPc pc;
+    Bytes smallest(46);
+    storeBig(smallest, 0, 4, 16);
+    storeBig(smallest, 4, 4, 16);
+    storeBig(smallest, 12, 4, 30);
+    storeBig(smallest, 44, 2, 0xFFFF);
+    const auto with = [&](size_t at, uint32_t value) {
+        Bytes fork = smallest;
+        storeBig(fork, at, 4, value);
+        return fork;
+    };
+    const struct {
+        Bytes fork;
+        ErrorCode error;
+    } cases[] = {
+        {smallest, 0},
+        {{}, ERROR_CAN_NOT_COMPLETE},
+        {{0}, ERROR_HANDLE_EOF},
+        {Bytes(smallest.begin(), smallest.end() - 1), ERROR_HANDLE_EOF},
+        {with(8, 30), 0},
+        {with(8, 31), ERROR_HANDLE_EOF},
+        {with(8, 0xFFFFFFF0), ERROR_HANDLE_EOF},
+        {with(12, 31), ERROR_HANDLE_EOF},
+        {with(12, 0xFFFFFFF0), ERROR_HANDLE_EOF},
+        {with(4, 17), ERROR_HANDLE_EOF},
+    };
+    ResourceForkReader reader;
+    for (const auto& test : cases) {
+        CAPTURE(&test - cases);
+        writeFile(kPath, test.fork);
+        SetLastError(1234);
+        CHECK(reader.Open(kPath) == (test.error == 0));
+        if (test.error != 0) CHECK(GetLastError() == test.error);
+        CHECK(reader.TypeCount() == 0);
+        CHECK((reader.Path() == nullptr) == (test.error != 0));
+        reader.Close();
+    }
+    // A map that is cut by the end, though its length is not.
+    Bytes cut = with(4, 17);
+    storeBig(cut, 12, 4, 29);
+    CHECK(!reader.Open(inMemory(cut)));
+    CHECK(GetLastError() == ERROR_HANDLE_EOF);
+    CHECK(!reader.Open("N:\\nothing"));
+    CHECK(GetLastError() == ERROR_FILE_NOT_FOUND);
+    CHECK(!reader.Open(ForkBytes()));
+    CHECK(GetLastError() == ERROR_INVALID_HANDLE);
+    CHECK(pc.nothingHeld());
+}
+
+TEST_CASE("A name is cut to its buffer, or tells why there is none") {
+    TestPc pc;
+    Bytes fork =
+        resourceForkOf({{"TEXT", 0, "abcd"}, {"TEXT", 1}, {"TEXT", 2, ""}, {"TEXT", 3}, {"TEXT", 4}});
+    const size_t references = fork.size() - 6 - 5 * 12;
+    storeBig(fork, references + 3 * 12 + 2, 2, 6);       // at the end
+    storeBig(fork, references + 4 * 12 + 2, 2, 0x8000);  // before the start
+    ResourceForkReader reader;
+    REQUIRE(reader.Open(inMemory(fork)));
+    TypeEntry type;
+    REQUIRE(reader.ReadTypeEntry(0, type));
+    const struct {
+        uint16_t index;
+        uint8_t size;
+        const char* text;
+        ErrorCode error;
+    } cases[] = {
+        {0, 255, "abcd", 0},
+        {0, 5, "abcd", 0},
+        {0, 4, "abc", 0},
+        {0, 3, "ab", ERROR_BUFFER_OVERFLOW},
+        {0, 1, "", ERROR_BUFFER_OVERFLOW},
+        {0, 0, "########", ERROR_INVALID_PARAMETER},
+        {1, 8, "########", NO_ERROR},
+        {1, 0, "########", NO_ERROR},
+        {2, 8, "########", ERROR_INVALID_DATA},
+        {2, 0, "########", ERROR_INVALID_PARAMETER},
+        {3, 0, "########", ERROR_HANDLE_EOF},
+        {4, 8, "########", ERROR_NEGATIVE_SEEK},
+    };
+    for (const auto& test : cases) {
+        CAPTURE(&test - cases);
+        ReferenceEntry entry;
+        REQUIRE(reader.ReadReferenceEntry(type, test.index, entry));
+        char name[] = "########";
+        SetLastError(1234);
+        const BOOL read = reader.ReadName(entry, name, test.size);
+        CHECK(read == (test.index == 0 && test.size >= 4));
+        if (!read) CHECK(GetLastError() == test.error);
+        CHECK(std::string(name) == test.text);
+    }
+    ReferenceEntry entry;
+    REQUIRE(reader.ReadReferenceEntry(type, 0, entry));
+    CHECK(!reader.ReadName(entry, nullptr, 8));
+    CHECK(GetLastError() == ERROR_INVALID_PARAMETER);
+}
+
+TEST_CASE("Data is read up to a limit, and never more than there is") {
+    TestPc pc;
+    Bytes fork = resourceForkOf({{"TEXT", 0, {}, 0, patternOf(20)}, {"TEXT", 1}});
+    storeBig(fork, kData + 24, 4, 0xFFFFFFFF);  // of the second, up to the end of the fork
+    ResourceForkReader reader;
+    REQUIRE(reader.Open(inMemory(fork)));
+    const auto rest = static_cast<uint32_t>(fork.size() - kData - 28);
+    const struct {
+        uint8_t offset;
+        uint32_t limit, length;
+    } cases[] = {{0, 0, 20},    {0, 7, 7},  {0, 20, 20},         {0, 21, 20},
+                 {24, 0, rest}, {24, 5, 5}, {24, rest + 1, rest}};
+    for (const auto& test : cases) {
+        const ReferenceEntry entry = {0, 0, 0, {0, 0, test.offset}, 0};
+        uint32_t length = test.limit;
+        pc.journal().clear();
+        const PageBuffer data = reader.ReadData(entry, length);
+        REQUIRE(data);
+        CHECK(length == test.length);
+        CHECK(std::memcmp(data.data(), &fork[kData + test.offset + 4], length) == 0);
+        CHECK(pc.journal().text().find("VirtualAlloc  " + std::to_string(length)) != std::string::npos);
+    }
+    const ReferenceEntry outside = {0, 0, 0, {0xFF, 0xFF, 0xFF}, 0};
+    uint32_t length = 0;
+    CHECK(!reader.ReadData(outside, length));
+    CHECK(GetLastError() == ERROR_HANDLE_EOF);
+    CHECK(!reader.ReadDataLength(outside, length));
+    CHECK(GetLastError() == ERROR_HANDLE_EOF);
+}
+
+TEST_CASE("A request that fails tells the system's error, and the next one succeeds") {
+    TestPc pc;
+    writeFile(kPath, resourceForkOf(kResources));
+    ResourceForkReader reader;
+    TypeEntry type;
+    ReferenceEntry entry;
+    char name[44];
+    uint32_t length = 0;
+    const std::function<bool()> requests[] = {
+        [&] { return reader.Open(kPath) != 0; },
+        [&] { return reader.ReadTypeEntry(0, type) != 0; },
+        [&] { return reader.ReadReferenceEntry(type, 0, entry) != 0; },
+        [&] { return reader.ReadName(entry, name, sizeof name) != 0; },
+        [&] { return reader.ReadDataLength(entry, length) != 0; },
+        [&] { return length = 0, static_cast<bool>(reader.ReadData(entry, length)); },
+        [&] { return reader.ForkSize() != INVALID_FILE_SIZE; },
+    };
+    for (const auto& request : requests) {
+        for (int n = 1;; ++n) {
+            CAPTURE(&request - requests);
+            CAPTURE(n);
+            pc.faults().failCall(n, ERROR_CRC);
+            const bool done = request();
+            const ErrorCode error = GetLastError();
+            if (!pc.faults().hit()) {
+                CHECK(done);
+                CHECK(n > 1);
+                break;
+            }
+            CHECK(!done);
+            CHECK(error == pc.faults().injected());
+        }
+    }
+    pc.faults().failMemory(1);
+    CHECK(!requests[5]());
+    CHECK(GetLastError() == ERROR_NOT_ENOUGH_MEMORY);
+    // Transfers of more than a byte: the length in front of the data, the data.
+    pc.faults().shortTransfer(2);
+    CHECK(requests[5]());
+    CHECK(length == 20);
+    pc.faults().clear();
+    CHECK(listed(reader) == listedByFormat(readFile(kPath)));
+    reader.Close();
+    CHECK(pc.nothingHeld());
+}
+
+}  // namespace

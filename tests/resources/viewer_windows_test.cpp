@@ -1,0 +1,569 @@
+// The resource viewer and its contents window, driven over the files of a PC.
+#include "resources/viewer.h"
+
+#include "res/resource.h"
+#include "support/help_calls_windows.h"
+#include "support/modal_windows.h"
+#include "support/replaced_import_windows.h"
+#include "support/resource_fork_writer.h"
+#include "support/test_module_windows.h"
+#include "support/timers_windows.h"
+
+#include <doctest/doctest.h>
+
+#include <windows.h>
+#include <commctrl.h>
+#include <commdlg.h>
+#include <windowsx.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+using namespace tidewell;
+
+namespace {
+
+const Bytes kLong = patternOf(100'000);
+
+std::vector<ForkResource> letterResources() {
+    return {
+        {"vers", 1, "", 0, bytesOf("1.0")},
+        {"STR ",
+         5,
+         {},
+         0x70,
+         bytesOf("\x05"
+                 "Hello")},
+        {"STR ", 128, "b", 0,
+         bytesOf("\x01"
+                 "x")},
+        {"STR ", -1, {}, 0x0C, bytesOf("")},
+        {"STR ", 7, "A name of more than 43 characters, all of them seen", 0, bytesOf("")},
+        {"ICN#", 128, "Letter", 0x20, Bytes(256, 0xFF)},
+        {std::string("\xA9"
+                     "abc"),
+         300,
+         {},
+         0,
+         kLong},
+    };
+}
+
+// ---- What the system would ask and show ----
+
+struct {
+    OPENFILENAMEA asked;
+    std::string filters, title, proposed;
+    std::string chosen;  // empty: the user cancels
+    DWORD filter;
+    int times = 0;
+} saveDialog;
+
+BOOL WINAPI getSaveFileName(LPOPENFILENAMEA question) {
+    ++saveDialog.times;
+    saveDialog.asked = *question;
+    saveDialog.title = question->lpstrTitle;
+    saveDialog.proposed = question->lpstrFile;
+    saveDialog.filters.clear();
+    for (const char* entry = question->lpstrFilter; *entry != '\0'; entry += lstrlenA(entry) + 1)
+        saveDialog.filters += "[" + std::string(entry) + "]";
+    if (saveDialog.chosen.empty()) return FALSE;
+    lstrcpynA(question->lpstrFile, saveDialog.chosen.c_str(), static_cast<int>(question->nMaxFile));
+    question->nFilterIndex = saveDialog.filter;
+    return TRUE;
+}
+
+std::string shownMenu;
+int menuAnswer = 0;
+HTREEITEM highlit = nullptr;
+
+BOOL WINAPI trackMenu(HMENU menu, UINT flags, int, int, int, HWND window, const RECT*) {
+    CHECK((flags & TPM_RETURNCMD) != 0);
+    HWND const tree = GetDlgItem(window, IDC_VIEWER_TREE);
+    highlit = TreeView_GetDropHilight(tree);
+    shownMenu.clear();
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+        char text[100] = "";
+        GetMenuStringA(menu, static_cast<UINT>(i), text, sizeof text, MF_BYPOSITION);
+        const bool grey = (GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION) & MF_GRAYED) != 0;
+        shownMenu += "[" + std::string(text) + (grey ? "-]" : "]");
+    }
+    return menuAnswer;
+}
+
+// ---- Driving ----
+
+using Steps = std::vector<std::function<void(HWND)>>;
+
+// Shows the viewer; each window that comes up or comes back is handed to the next step.
+BOOL view(const char* path, const Steps& steps, HWND owner = nullptr) {
+    size_t next = 0;
+    const ModalDriver driver([&](HWND window) {
+        if (next++ < steps.size()) steps[next - 1](window);
+    });
+    const BOOL result = ViewMacResources(owner, path);
+    CHECK(next == steps.size());
+    return result;
+}
+
+HWND treeOf(HWND viewer) {
+    return GetDlgItem(viewer, IDC_VIEWER_TREE);
+}
+
+HTREEITEM related(HWND viewer, UINT relation, HTREEITEM item) {
+    return TreeView_GetNextItem(treeOf(viewer), item, relation);
+}
+
+std::string labelOf(HWND viewer, HTREEITEM item) {
+    char text[300] = "";
+    TVITEMA wanted = {};
+    wanted.mask = TVIF_TEXT;
+    wanted.hItem = item;
+    wanted.pszText = text;
+    wanted.cchTextMax = sizeof text;
+    SendMessageA(treeOf(viewer), TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&wanted));
+    return text;
+}
+
+HTREEITEM rootOf(HWND viewer) {
+    return related(viewer, TVGN_ROOT, nullptr);
+}
+
+std::string childrenOf(HWND viewer, HTREEITEM item) {
+    std::string labels;
+    for (item = related(viewer, TVGN_CHILD, item); item; item = related(viewer, TVGN_NEXT, item))
+        labels += "[" + labelOf(viewer, item) + "]";
+    return labels;
+}
+
+HTREEITEM childOf(HWND viewer, HTREEITEM parent, const std::string& label) {
+    HTREEITEM item = related(viewer, TVGN_CHILD, parent);
+    while (item && labelOf(viewer, item) != label)
+        item = related(viewer, TVGN_NEXT, item);
+    REQUIRE_MESSAGE(item != nullptr, label);
+    return item;
+}
+
+HTREEITEM typeItem(HWND viewer, const std::string& type) {
+    HTREEITEM const item = childOf(viewer, rootOf(viewer), type);
+    TreeView_Expand(treeOf(viewer), item, TVE_EXPAND);
+    return item;
+}
+
+HTREEITEM select(HWND viewer, HTREEITEM item) {
+    TreeView_SelectItem(treeOf(viewer), item);
+    return item;
+}
+
+void selectResource(HWND viewer, const std::string& type, const std::string& label) {
+    select(viewer, childOf(viewer, typeItem(viewer, type), label));
+}
+
+// The selection has rested.
+void rest(HWND viewer) {
+    CHECK(timersOf[viewer] == Timers{{1138, 300}});
+    SendMessageA(viewer, WM_TIMER, 1138, 0);
+    CHECK(timersOf[viewer].empty());
+}
+
+// "type|size|attributes", each with a minus where its label is disabled; "*" for each attribute that is set.
+std::string detailsOf(HWND viewer) {
+    const auto text = [&](int label, int control) {
+        return std::string(IsWindowEnabled(GetDlgItem(viewer, label)) ? "" : "-") +
+               windowText(GetDlgItem(viewer, control)) + "|";
+    };
+    std::string details = text(IDC_VIEWER_TYPE_CAPTION, IDC_VIEWER_TYPE) +
+                          text(IDC_VIEWER_SIZE_CAPTION, IDC_VIEWER_SIZE) +
+                          (IsWindowEnabled(GetDlgItem(viewer, IDC_VIEWER_ATTRIBUTES_CAPTION)) ? "" : "-");
+    for (const int box : {IDC_VIEWER_SYSTEM_HEAP, IDC_VIEWER_PURGEABLE, IDC_VIEWER_LOCKED,
+                          IDC_VIEWER_PROTECTED, IDC_VIEWER_PRELOAD}) {
+        CHECK_FALSE(IsWindowEnabled(GetDlgItem(viewer, box)));
+        details += IsDlgButtonChecked(viewer, box) ? "*" : ".";
+    }
+    return details;
+}
+
+std::string buttonStates(HWND viewer) {
+    const bool save = IsWindowEnabled(GetDlgItem(viewer, IDC_VIEWER_SAVE)) != 0;
+    const bool show = IsWindowEnabled(GetDlgItem(viewer, IDC_VIEWER_VIEW)) != 0;
+    return std::string(show ? "view" : "") + (save ? "save" : "");
+}
+
+void close(HWND window) {
+    press(window, IDOK);
+}
+
+// The menu of an item by its key.
+void openMenu(HWND viewer) {
+    SendMessageA(viewer, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(treeOf(viewer)), -1);
+}
+
+// A message box that tells of an error, over `owner`.
+std::function<void(HWND)> errorBox(HWND& owner, const std::string& text) {
+    return [&owner, text](HWND box) {
+        CHECK(windowText(box) == "Tidewell 98 Error");
+        CHECK(labelTexts(box) == text);
+        CHECK(buttonTexts(box) == "[OK*]");
+        CHECK(iconOf(box) == LoadIconA(nullptr, IDI_HAND));
+        CHECK(GetWindow(box, GW_OWNER) == owner);
+        press(box, IDOK);
+    };
+}
+
+struct Viewer : ModuleState {
+    TestPc pc;
+    HWND window = nullptr;  // of the viewer that is open
+
+    Viewer() {
+        timersOf.clear();
+        saveDialog = {};
+        shownMenu.clear();
+        writeMacFile("N:\\Letter.txt", {.resource = resourceForkOf(letterResources())});
+    }
+    ~Viewer() {
+        CHECK(pc.nothingHeld());
+        CHECK(OpenViewerCount == 0);
+    }
+    // Remembers the viewer.
+    std::function<void(HWND)> step(const std::function<void(HWND)>& action) {
+        return [this, action](HWND viewer) {
+            window = viewer;
+            action(viewer);
+        };
+    }
+};
+
+}  // namespace
+
+REPLACE_IMPORT(GetSaveFileNameA, 4, getSaveFileName);
+REPLACE_IMPORT(TrackPopupMenu, 28, trackMenu);
+
+TEST_CASE_FIXTURE(Viewer, "What has no resources, or no fork, is told once, and no viewer comes up") {
+    const TestWindow owner("Explorer");
+    HWND none = nullptr;
+    HWND explorer = owner;
+    writeMacFile("N:\\Empty", {.hasResource = false});
+    writeFile("F:\\Plain.txt", bytesOf("text"));
+    writeMacFile("N:\\Damaged", {.resource = Bytes(45, 0)});
+    const std::string absent = "' does not contain any resources.";
+    CHECK_FALSE(view("N:\\Empty", {errorBox(explorer, "The file 'Empty" + absent)}, owner));
+    CHECK_FALSE(view("F:\\Plain.txt", {errorBox(explorer, "The file 'Plain.txt" + absent)}, owner));
+    CHECK_FALSE(view("N:\\Gone", {errorBox(explorer, "The file 'Gone" + absent)}, owner));
+    CHECK_FALSE(view("N:\\Damaged", {[&](HWND box) {
+                         CHECK(labelTexts(box).starts_with("An error occurred while opening 'Damaged': "));
+                         CHECK(GetWindow(box, GW_OWNER) == none);
+                         press(box, IDOK);
+                     }},
+                     owner));
+}
+
+TEST_CASE_FIXTURE(Viewer,
+                  "The viewer shows the types in order, and the resources of a type once it is opened") {
+    const TestWindow owner(CreateWindowExA(0, "STATIC", "owner", WS_POPUP | WS_CAPTION | WS_VISIBLE, 50, 60,
+                                           99, 99, nullptr, nullptr, nullptr, nullptr));
+    CHECK(view("N:\\Letter.txt", {[&](HWND viewer) {
+                   CHECK(windowText(viewer) == "Tidewell 98 - Letter.txt Resources");
+                   CHECK(GetWindow(viewer, GW_OWNER) == owner);
+                   CHECK_FALSE(IsWindowEnabled(owner));
+                   CHECK(GetFocus() == treeOf(viewer));
+                   CHECK(LOWORD(SendMessageA(viewer, DM_GETDEFID, 0, 0)) == IDOK);
+                   CHECK(iconOf(viewer) == LoadIconA(ModuleInstance, MAKEINTRESOURCEA(IDI_TIDEWELL)));
+                   // One step from where the first window would be.
+                   POINT origin = {};
+                   ClientToScreen(owner, &origin);
+                   POINT inside = {};
+                   ClientToScreen(viewer, &inside);
+                   const RECT frame = frameOf(viewer);
+                   CHECK(frame.left == origin.x + 30 + inside.x - frame.left + 1);
+                   CHECK(frame.top == origin.y + 35 + inside.y - frame.top + 1);
+
+                   CHECK(labelOf(viewer, rootOf(viewer)) == "Resource fork");
+                   CHECK(childrenOf(viewer, rootOf(viewer)) == "[($636261a9)][ICN#][STR ][vers]");
+                   HTREEITEM const strings = childOf(viewer, rootOf(viewer), "STR ");
+                   CHECK(childrenOf(viewer, strings).empty());
+                   for (int i = 0; i < 2; ++i) {
+                       TreeView_Expand(treeOf(viewer), strings, TVE_TOGGLE);
+                       TreeView_Expand(treeOf(viewer), strings, TVE_TOGGLE);
+                       CHECK(childrenOf(viewer, strings) ==
+                             "[(-1)][(5)][A name of more than 43 characters, all of t (7)][b (128)]");
+                   }
+                   // A name of no characters is none.
+                   CHECK(childrenOf(viewer, typeItem(viewer, "vers")) == "[(1)]");
+                   close(viewer);
+               }},
+               owner) == 1);
+    CHECK(IsWindowEnabled(owner));
+}
+
+TEST_CASE_FIXTURE(Viewer, "Details follow the selection when it has rested") {
+    CHECK(view("N:\\Letter.txt", {[](HWND viewer) {
+                   select(viewer, rootOf(viewer));
+                   CHECK(buttonStates(viewer) == "save");
+                   rest(viewer);
+                   const std::string forkSize = windowText(GetDlgItem(viewer, IDC_VIEWER_SIZE));
+                   CHECK(forkSize.starts_with("98"));
+                   CHECK(detailsOf(viewer) == "Resource fork|" + forkSize + "|-.....");
+
+                   selectResource(viewer, "STR ", "(5)");
+                   CHECK(buttonStates(viewer) == "viewsave");
+                   // Nothing of the last item is told of this one.
+                   CHECK(detailsOf(viewer) == "-|-|.....");
+                   rest(viewer);
+                   CHECK(detailsOf(viewer) == "String|6 bytes|***..");
+                   selectResource(viewer, "STR ", "(-1)");
+                   rest(viewer);
+                   CHECK(detailsOf(viewer) == "String|0 bytes|...**");
+
+                   select(viewer, childOf(viewer, rootOf(viewer), "STR "));
+                   CHECK(buttonStates(viewer).empty());
+                   rest(viewer);
+                   CHECK(detailsOf(viewer) == "String|4 resource(s)|-.....");
+                   select(viewer, childOf(viewer, rootOf(viewer), "($636261a9)"));
+                   rest(viewer);
+                   CHECK(detailsOf(viewer) == "'($636261a9)' resource|1 resource(s)|-.....");
+                   // Another timer is not the viewer's.
+                   SendMessageA(viewer, WM_TIMER, 1139, 0);
+                   PostMessageA(viewer, WM_CLOSE, 0, 0);
+               }}) == 1);
+}
+
+TEST_CASE_FIXTURE(Viewer, "A resource's contents come up by the button, a double click and the menu") {
+    const auto isLong = [&](HWND contents) {
+        CHECK(GetWindow(contents, GW_OWNER) == window);
+        CHECK_FALSE(IsWindowEnabled(window));
+        CHECK(windowText(contents) == "($636261a9) (300)");
+        CHECK((GetWindowLongA(contents, GWL_EXSTYLE) & WS_EX_CONTEXTHELP) != 0);
+        CHECK(windowText(GetDlgItem(contents, IDC_CONTENTS_SIZE)) == "8.4KB of 97.7KB");
+        CHECK(windowText(GetDlgItem(contents, IDC_CONTENTS_TYPE)) == "'($636261a9)' resource");
+        CHECK(buttonTexts(contents).find("&Close") != std::string::npos);
+        CHECK(LOWORD(SendMessageA(contents, DM_GETDEFID, 0, 0)) == IDOK);
+        HWND const dump = GetDlgItem(contents, IDC_CONTENTS_DUMP);
+        CHECK(GetWindowTextLengthA(dump) == 537 * 61 - 2);
+        CHECK(SendMessageA(dump, EM_GETLINECOUNT, 0, 0) == 537);
+        CHECK(GetFocus() == dump);
+        CHECK(SendMessageA(dump, EM_GETSEL, 0, 0) == 0);
+        // What the user selects stays selected.
+        SendMessageA(dump, EM_SETSEL, 3, 9);
+        SetFocus(GetDlgItem(contents, IDOK));
+        SetFocus(dump);
+        CHECK(SendMessageA(dump, EM_GETSEL, 0, 0) == MAKELONG(3, 9));
+        LOGFONTA font = {};
+        GetObjectA(GetWindowFont(dump), sizeof font, &font);
+        CHECK(font.lfHeight < 0);
+        CHECK(font.lfCharSet == ANSI_CHARSET);
+        CHECK_FALSE(IsWindowVisible(GetDlgItem(contents, IDC_CONTENTS_PICTURE)));
+        CHECK_FALSE(IsWindowVisible(GetDlgItem(contents, IDC_CONTENTS_TEXT)));
+        close(contents);
+    };
+    CHECK(view("N:\\Letter.txt",
+               {step([](HWND viewer) {
+                    selectResource(viewer, "($636261a9)", "(300)");
+                    press(viewer, IDC_VIEWER_VIEW);
+                }),
+                isLong,
+                [](HWND viewer) {
+                    NMHDR doubleClick = {treeOf(viewer), IDC_VIEWER_TREE, NM_DBLCLK};
+                    // A type has no contents.
+                    select(viewer, childOf(viewer, rootOf(viewer), "STR "));
+                    SendMessageA(viewer, WM_NOTIFY, IDC_VIEWER_TREE, reinterpret_cast<LPARAM>(&doubleClick));
+                    selectResource(viewer, "($636261a9)", "(300)");
+                    SendMessageA(viewer, WM_NOTIFY, IDC_VIEWER_TREE, reinterpret_cast<LPARAM>(&doubleClick));
+                },
+                isLong,
+                [](HWND viewer) {
+                    menuAnswer = IDC_VIEWER_VIEW;
+                    openMenu(viewer);
+                },
+                isLong, close}) == 1);
+}
+
+TEST_CASE_FIXTURE(Viewer, "Contents that are a picture or a text are shown above their dump") {
+    const auto showsAbove = [](HWND contents, int control) {
+        HWND const above = GetDlgItem(contents, control);
+        CHECK(IsWindowVisible(above));
+        const RECT dump = frameOf(GetDlgItem(contents, IDC_CONTENTS_DUMP));
+        CHECK(frameOf(above).bottom < dump.top);
+        CHECK(dump.bottom < frameOf(GetDlgItem(contents, IDOK)).top);
+        return above;
+    };
+    CHECK(view("N:\\Letter.txt", {step([](HWND viewer) {
+                                      selectResource(viewer, "ICN#", "Letter (128)");
+                                      press(viewer, IDC_VIEWER_VIEW);
+                                  }),
+                                  [&](HWND contents) {
+                                      HWND const picture = showsAbove(contents, IDC_CONTENTS_PICTURE);
+                                      CHECK(sizeOf(frameOf(picture)).y == 32);
+                                      HDC const dc = GetDC(picture);
+                                      if (kHasDisplay) {
+                                          CHECK(GetPixel(dc, 31, 31) == RGB(0, 0, 0));
+                                          CHECK(GetPixel(dc, 32, 31) == GetSysColor(COLOR_3DFACE));
+                                      }
+                                      ReleaseDC(picture, dc);
+                                      close(contents);
+                                  },
+                                  [](HWND viewer) {
+                                      selectResource(viewer, "STR ", "(5)");
+                                      press(viewer, IDC_VIEWER_VIEW);
+                                  },
+                                  [&](HWND contents) {
+                                      CHECK(windowText(showsAbove(contents, IDC_CONTENTS_TEXT)) == "Hello");
+                                      CHECK(windowText(GetDlgItem(contents, IDC_CONTENTS_DUMP)) ==
+                                            "0000: 0548656c 6c6f                        .Hello");
+                                      CHECK(windowText(GetDlgItem(contents, IDC_CONTENTS_SIZE)) == "6 bytes");
+                                      close(contents);
+                                  },
+                                  close}) == 1);
+}
+
+TEST_CASE_FIXTURE(Viewer, "Save As saves a resource's bytes, its dump, or the fork, where the user says") {
+    const std::string resourceFilters = "[Binary Resource Data][*.*][Hex Resource Data (*.txt)][*.txt]";
+    const auto checkQuestion = [&](const std::string& filters, const std::string& extension,
+                                   const std::string& proposed) {
+        CHECK(saveDialog.asked.hwndOwner == window);
+        CHECK(saveDialog.asked.lStructSize == OPENFILENAME_SIZE_VERSION_400A);
+        CHECK(saveDialog.asked.Flags == (OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT));
+        CHECK(saveDialog.asked.nMaxFile == 520);
+        CHECK(saveDialog.asked.nFilterIndex == 1);
+        CHECK(saveDialog.asked.lpstrInitialDir == nullptr);
+        REQUIRE(saveDialog.asked.lpstrDefExt != nullptr);
+        CHECK(saveDialog.title == "Save Resource Data As");
+        CHECK(saveDialog.filters == filters);
+        CHECK(saveDialog.proposed == proposed);
+        CHECK(extension == (filters == resourceFilters ? "" : "rsf"));
+    };
+    const auto save = [&](HWND viewer, const std::string& path, DWORD filter) {
+        saveDialog.chosen = path;
+        saveDialog.filter = filter;
+        SendMessageA(viewer, WM_COMMAND, IDC_VIEWER_SAVE, 0);
+    };
+    CHECK(view("N:\\Letter.txt", {step([&](HWND viewer) {
+                   selectResource(viewer, "ICN#", "Letter (128)");
+                   save(viewer, "F:\\icon.bin", 1);
+                   checkQuestion(resourceFilters, "", "Letter.txt - resource ICN#Letter");
+                   CHECK(readFile("F:\\icon.bin") == Bytes(256, 0xFF));
+                   selectResource(viewer, "STR ", "(-1)");
+                   save(viewer, "F:\\icon.bin", 2);  // replaces
+                   checkQuestion(resourceFilters, "", "Letter.txt - resource STR  -0001");
+                   CHECK(readFile("F:\\icon.bin") == bytesOf("0000:"));
+                   CHECK(pc.journal().countOn("SHChangeNotify", "F:\\icon.bin") == 0);
+                   selectResource(viewer, "($636261a9)", "(300)");
+                   save(viewer, "F:\\long", 1);
+                   CHECK(readFile("F:\\long") == kLong);
+
+                   select(viewer, rootOf(viewer));
+                   save(viewer, "F:\\fork.rsf", 1);
+                   checkQuestion("[Resource fork data (*.rsf)][*.rsf]", "rsf", "Letter_txt");
+                   CHECK(readFile("F:\\fork.rsf") == resourceForkOf(letterResources()));
+                   CHECK(pc.journal().countOn("SHChangeNotify", "F:\\fork.rsf") == 1);
+
+                   // Cancelled, and not asked for a type.
+                   save(viewer, "", 1);
+                   const int asked = saveDialog.times;
+                   select(viewer, typeItem(viewer, "STR "));
+                   save(viewer, "F:\\type", 1);
+                   CHECK(saveDialog.times == asked);
+                   CHECK_FALSE(exists("F:\\type"));
+                   close(viewer);
+               })}) == 1);
+}
+
+TEST_CASE_FIXTURE(Viewer, "A save that fails is told of, and keeps what was there; so is a view that fails") {
+    const std::string saving = "An error occurred while saving the resource: ";
+    writeFile("F:\\old", bytesOf("old"));
+    const Bytes fork = readMacFile("N:\\Letter.txt").resource;
+    const auto failing = [&](const std::string& path, const char* call) {
+        return step([&, path, call](HWND viewer) {
+            saveDialog.chosen = path;
+            if (call) pc.faults().failAlways(call, "", ERROR_CRC);
+            press(viewer, IDC_VIEWER_SAVE);
+        });
+    };
+    const auto told = [&](HWND box) {
+        CHECK(labelTexts(box).starts_with(saving));
+        CHECK(iconOf(box) == LoadIconA(nullptr, IDI_HAND));
+        CHECK(GetWindow(box, GW_OWNER) == window);
+        press(box, IDOK);
+    };
+    CHECK(view("N:\\Letter.txt",
+               {failing("N:\\Letter.txt", nullptr), told, failing("F:\\no\\folder", nullptr), told,
+                [&](HWND viewer) {
+                    selectResource(viewer, "STR ", "(5)");
+                    failing("n:\\LETTER.TXT", nullptr)(viewer);
+                },
+                told, close}) == 1);
+    CHECK(readMacFile("N:\\Letter.txt").resource == fork);
+    CHECK(readFile("F:\\old") == bytesOf("old"));
+}
+
+TEST_CASE_FIXTURE(Viewer, "The menu of an item has its buttons' commands, other places have help") {
+    CHECK(view("N:\\Letter.txt", {[](HWND viewer) {
+                   menuAnswer = ID_WHATS_THIS;
+                   select(viewer, rootOf(viewer));
+                   openMenu(viewer);
+                   CHECK(shownMenu == "[&Save As...][-][&What's This?]");
+                   CHECK(lastHelpCall == HelpCall(treeOf(viewer), "TIDEWELL.HLP", HELP_CONTEXTPOPUP, 50));
+                   CHECK(TreeView_GetDropHilight(treeOf(viewer)) == nullptr);
+                   selectResource(viewer, "STR ", "(5)");
+                   openMenu(viewer);
+                   CHECK(shownMenu == "[&View...][&Save As...][-][&What's This?]");
+
+                   shownMenu.clear();
+                   select(viewer, typeItem(viewer, "STR "));
+                   openMenu(viewer);
+                   CHECK(shownMenu.empty());
+                   CHECK(std::get<2>(lastHelpCall) == HELP_CONTEXTMENU);
+                   CHECK(std::get<0>(lastHelpCall) == treeOf(viewer));
+                   HWND const button = GetDlgItem(viewer, IDC_VIEWER_SAVE);
+                   SendMessageA(viewer, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(button), 0);
+                   CHECK(std::get<0>(lastHelpCall) == button);
+
+                   // The buttons are those of the selection, the item is the one that was clicked.
+                   RECT place = {};
+                   TreeView_GetItemRect(treeOf(viewer), rootOf(viewer), &place, TRUE);
+                   POINT point = {place.left + 2, place.top + 2};
+                   ClientToScreen(treeOf(viewer), &point);
+                   SendMessageA(viewer, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(treeOf(viewer)),
+                                MAKELPARAM(point.x, point.y));
+                   CHECK(shownMenu == "[&Save As...-][-][&What's This?]");
+                   CHECK(highlit == rootOf(viewer));
+
+                   SendMessageA(viewer, WM_COMMAND, IDC_VIEWER_HELP, 0);
+                   CHECK(lastHelpCall == HelpCall(viewer, "TIDEWELL.HLP", HELP_CONTEXT, 103));
+                   HELPINFO request = {
+                       sizeof request, HELPINFO_WINDOW, IDC_VIEWER_TREE, treeOf(viewer), 0, {}};
+                   SendMessageA(viewer, WM_HELP, 0, reinterpret_cast<LPARAM>(&request));
+                   CHECK(std::get<2>(lastHelpCall) == HELP_WM_HELP);
+                   const auto* topics = reinterpret_cast<const DWORD*>(std::get<3>(lastHelpCall));
+                   std::string pairs;
+                   for (; topics[0] != 0; topics += 2)
+                       if (topics[1] != static_cast<DWORD>(-1))
+                           pairs += std::to_string(topics[0]) + " " + std::to_string(topics[1]) + ";";
+                   CHECK(pairs ==
+                         "1000 50;1003 51;1001 52;1045 53;1039 53;1046 54;1038 54;1047 55;1041 55;1040 "
+                         "55;1042 55;1043 55;1044 55;1010 60;1011 61;1049 62;1054 56;");
+                   close(viewer);
+               }}) == 1);
+}
+
+TEST_CASE_FIXTURE(Viewer, "A large fork costs a few reads for what is opened, and none for the rest") {
+    std::vector<ForkResource> resources;
+    for (int type = 0; type < 500; ++type) {
+        const std::string code = "T" + std::to_string(100 + type);
+        const int count = type < 499 ? 9 : 10'000 - 499 * 9;
+        for (int id = 0; id < count; ++id)
+            resources.push_back({code, static_cast<int16_t>(id), {}, 0, bytesOf("data")});
+    }
+    writeMacFile("N:\\Large", {.resource = resourceForkOf(resources)});
+    CHECK(view("N:\\Large", {[&](HWND viewer) {
+                   CHECK(pc.journal().count("ReadFile") <= 500 + 3);
+                   pc.journal().clear();
+                   HTREEITEM const item = typeItem(viewer, "T599");
+                   CHECK(pc.journal().count("ReadFile") == 10'000 - 499 * 9);
+                   pc.journal().clear();
+                   TreeView_Expand(treeOf(viewer), item, TVE_COLLAPSE);
+                   TreeView_Expand(treeOf(viewer), item, TVE_EXPAND);
+                   CHECK(pc.journal().count("ReadFile") == 0);
+                   close(viewer);
+               }}) == 1);
+}
