@@ -12,7 +12,7 @@ class BufferedOutput {
   public:
     // Returns whether the output takes what it gets.
     bool add(const std::string& text) {
-        constexpr size_t kBlock = 64 * 1024;
+        constexpr size_t kBlock = size_t{64} * 1024;
         waiting_ += text;
         return waiting_.size() < kBlock || flush();
     }

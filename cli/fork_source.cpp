@@ -40,7 +40,8 @@ ErrorCode openOwnFork(const std::string& path, ForkBytes& bytes) {
 // A listing asks for a few bytes tens of thousands of times, and the system would take its time for each.
 // A fork of no sane size stays where it is.
 ErrorCode readIntoMemory(ForkBytes& bytes) {
-    constexpr uint64_t kMost = 32 * 1024 * 1024;  // no resource's data begins beyond the first 16 MB
+    constexpr uint64_t kMost =
+        uint64_t{32} * 1024 * 1024;  // no resource's data begins beyond the first 16 MB
     uint64_t size = 0;
     ErrorCode error = bytes.GetSize(size);
     if (error != 0 || size == 0 || size > kMost) return error;

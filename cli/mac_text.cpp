@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <iterator>
 
 namespace cli {
@@ -51,12 +50,13 @@ std::string textOf(const std::u16string& units) {
 }
 
 std::string jsonOf(const std::u16string& units) {
+    constexpr char kDigits[] = "0123456789abcdef";
     std::string json = "\"";
     for (const char16_t unit : units) {
         if (isControl(unit) || unit > 0x7F) {
-            char escape[8];
-            std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(unit));
-            json += escape;
+            json += "\\u";
+            for (int shift = 12; shift >= 0; shift -= 4)
+                json += kDigits[unit >> shift & 15];
         } else {
             if (unit == '"' || unit == '\\') json += '\\';
             json += static_cast<char>(unit);
