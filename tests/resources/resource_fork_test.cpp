@@ -213,6 +213,7 @@ TEST_CASE("What is no fork is not opened") {
         CHECK(reader.Open(kPath) == (test.error == 0));
         if (test.error != 0) CHECK(GetLastError() == test.error);
         CHECK((reader.Path() == nullptr) == (test.error != 0));
+        CHECK((reader.ForkSize() == INVALID_FILE_SIZE) == (test.error != 0));
         CHECK(reader.TypeCount() == 0);
         reader.Close();
     }
