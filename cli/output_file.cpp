@@ -26,6 +26,19 @@ struct OutputFile {
     std::string windows;  // empty: longer than Windows can hold
 };
 
+// Only a file can be replaced, and not a folder, a device or a pipe. Tells, too, whether there is one.
+Failure checkReplaceable(const OutputFile& output, bool& existed) {
+    const DWORD attributes = GetFileAttributesA(output.windows.c_str());
+    existed = attributes != INVALID_FILE_ATTRIBUTES;
+    if (!existed) {
+        const ErrorCode error = tidewell::lastErrorOr(ERROR_FILE_NOT_FOUND);
+        if (tidewell::MeansNothingThere(error)) return {};
+        return {error, "The output " + shownOn(Stream::errors, output.typed) + " cannot be replaced."};
+    }
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return {};
+    return {ERROR_ACCESS_DENIED, "The output " + shownOn(Stream::errors, output.typed) + " is a folder."};
+}
+
 ErrorCode makeOutput(const OutputFolder& folder, const OutputFile& output, bool mayReplace,
                      const MakeFile& make) {
     const OutputFile unfinished(folder, freshNameIn(folder.typed));
@@ -52,7 +65,8 @@ Result writeOutput(const OutputFolder& folder, const std::string& name, bool mor
     const OutputFile output(folder, name);
     if (output.windows.empty()) return {{ERROR_FILENAME_EXCED_RANGE, {}}, {}};
 
-    const bool existed = tidewell::MayExist(output.windows.c_str());
+    bool existed = false;
+    if (const Failure failure = checkReplaceable(output, existed); failure.error != 0) return {failure, {}};
     tidewell::ProgressPause(progress);
     const int answer =
         tidewell::ConfirmFileReplace(nullptr, output.windows.c_str(), moreFollow ? TRUE : FALSE);

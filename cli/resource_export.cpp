@@ -50,13 +50,12 @@ int failed(const std::string& file, const Failure& failure) {
 int writeFile(const ForkSource& source, const Options& options, const MakeFile& make) {
     const std::string& typed = options.resources.outputFile;
     const size_t nameStart = fileNameStart(typed);
+    const std::string name = typed.substr(nameStart);
     OutputFolder folder;
     Failure failure = beginOutputs(source, options, typed.substr(0, nameStart), folder);
-    const DWORD attributes = GetFileAttributesA(windowsPathOf(typed).c_str());
-    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
-        failure = {ERROR_ACCESS_DENIED, "It is a folder."};
+    if (name.empty() || name == "." || name == "..") failure = {ERROR_ACCESS_DENIED, "It is a folder."};
     if (failure.error != 0) return failed(typed, failure);
-    const Result result = writeOutput(folder, typed.substr(nameStart), false, nullptr, make);
+    const Result result = writeOutput(folder, name, false, nullptr, make);
     return reportResult("saved", source.typed, folder, result);
 }
 

@@ -2,6 +2,8 @@
 // nothing is held.
 #include "fuzz_pc.h"
 #include "resources/hex_dump.h"
+#include "resources/picture.h"
+#include "resources/resource_text.h"
 #include "resources/resource_type.h"
 
 #include <algorithm>
@@ -23,7 +25,21 @@ void dump(const PageBuffer& data, uint32_t length) {
     mustBe(textLength < HexDumpCapacity(length) && text.data()[textLength] == 0, "a dump is too long");
 }
 
-void readResource(ResourceForkReader& reader, const ReferenceEntry& entry) {
+// A pixel takes a bit of the data at least.
+void show(ResourceForkReader& reader, const TypeEntry& type, const ReferenceEntry& entry) {
+    const Picture picture = ReadPicture(reader, type, entry);
+    const bool small = picture.width <= kMostPictureSide && picture.height <= kMostPictureSide;
+    mustBe(small && picture.width * picture.height / 8 <= reader.ForkSize(), "a picture is too large");
+
+    if (!IsTextType(type.type)) return;
+    uint32_t length = kMostTextData;
+    const PageBuffer data = reader.ReadData(entry, length);
+    const PageBuffer text = data ? ReadResourceText(type.type, data.data(), length) : PageBuffer();
+    mustBe(!text || (text.data()[0] != 0 && std::memchr(text.data(), 0, kMostText) != nullptr),
+           "a text is empty or does not end");
+}
+
+void readResource(ResourceForkReader& reader, const TypeEntry& type, const ReferenceEntry& entry) {
     char name[44];
     name[0] = '\0';
     reader.ReadName(entry, name, sizeof name);
@@ -37,6 +53,7 @@ void readResource(ResourceForkReader& reader, const ReferenceEntry& entry) {
     if (!data) return;
     mustBe(length <= std::min(whole, kMostData) && length < reader.ForkSize(), "more data than there is");
     dump(data, length);
+    show(reader, type, entry);
 }
 
 void readType(ResourceForkReader& reader, const TypeEntry& type) {
@@ -45,7 +62,8 @@ void readType(ResourceForkReader& reader, const TypeEntry& type) {
     ReferenceEntry entry;
     const unsigned count = std::min(type.lastIndex + 1U, kMostReferences);
     for (unsigned i = 0; i < count; ++i)
-        if (reader.ReadReferenceEntry(type, static_cast<uint16_t>(i), entry)) readResource(reader, entry);
+        if (reader.ReadReferenceEntry(type, static_cast<uint16_t>(i), entry))
+            readResource(reader, type, entry);
 }
 
 }  // namespace

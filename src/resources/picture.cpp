@@ -60,18 +60,20 @@ Picture drawBitmap(const BitmapFormat& format, const uint8_t* rows, const uint8_
 // Black outside of its mask inverts what is on the screen, which is mostly white.
 Picture drawCursor(const BitmapFormat& format, const uint8_t* rows, const uint8_t* mask) {
     uint8_t covered[16 * 16 / 8];
-    for (size_t i = 0; i < sizeof covered; ++i)
+    for (size_t i = 0; i < format.maskSize(); ++i)
         covered[i] = rows[i] | mask[i];
     return drawBitmap(format, rows, covered);
 }
 
 Picture decodeBitmap(const BitmapFormat& format, const DataView& data, const DataView& beside) {
-    if (data.At(0, format.dataSize()) == nullptr) return {};
-    const uint8_t* mask = nullptr;
-    if (format.hasOwnMask()) mask = data.At(format.maskSize(), format.maskSize());
-    if (format.hasMaskBeside()) mask = beside.At(format.maskSize(), format.maskSize());
-    const uint8_t* const rows = data.At(0, format.rowsSize());
-    return format.type == kCursor ? drawCursor(format, rows, mask) : drawBitmap(format, rows, mask);
+    const uint8_t* const rows = data.At(0, format.dataSize());
+    if (rows == nullptr) return {};
+    if (format.hasOwnMask()) {
+        const uint8_t* const mask = rows + format.rowsSize();
+        return format.type == kCursor ? drawCursor(format, rows, mask) : drawBitmap(format, rows, mask);
+    }
+    const bool besideIt = format.hasMaskBeside();
+    return drawBitmap(format, rows, besideIt ? beside.At(format.maskSize(), format.maskSize()) : nullptr);
 }
 
 // What lies behind an entry that cannot be read is most likely outside the fork as well, and there may be

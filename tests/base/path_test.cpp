@@ -104,11 +104,11 @@ TEST_CASE("A path is made full, and loses no meaning with its prefix") {
         {"\\\\?\\F", ""},
         {"//?/F:\\a", "F:\\a"},
     };
-    for (const auto& [path, expected] : rows) {
-        CAPTURE(path);
+    for (const auto& row : rows) {
+        CAPTURE(row.first);
         char full[kPathCapacity] = "";
-        CHECK(GetFullPath(path, full) == (expected.empty() ? ERROR_INVALID_NAME : 0));
-        if (!expected.empty()) CHECK(std::string(full) == expected);
+        CHECK(GetFullPath(row.first, full) == (row.second.empty() ? ERROR_INVALID_NAME : 0));
+        if (!row.second.empty()) CHECK(full == row.second);
     }
 }
 

@@ -91,8 +91,8 @@ TEST_CASE("Where nothing can be written or replaced, nothing is made") {
                                                       {"F:\\" + outer + "\\" + inner + "\\a", 0},
                                                       {"F:\\" + outer + "\\" + inner + "d\\a", 206}};
     pc.setPathLimit(1000);
-    for (const auto& [path, error] : rows)
-        CHECK_MESSAGE(ReplacementFile().Create(path.c_str()) == error, path);
+    for (const auto& row : rows)
+        CHECK_MESSAGE(ReplacementFile().Create(row.first.c_str()) == row.second, row.first);
     CHECK(pc.folder().names("F") == Names{outer, "locked", "open"});
     CHECK(pc.folder().names("N").empty());
 }

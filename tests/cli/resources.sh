@@ -2,6 +2,17 @@
 # The resources command, on forks that another program wrote, held against what another program reads.
 . "$(dirname "$0")/support.bash"
 
+for wrong in "" "a b" "--json --raw a" "--raw a" "--hex --type=TEXT a" "--raw --id=1 a" "--type=TEXT --id=1 a" "--id=1 a" \
+    "--json --type=TEXT a" "--fork a" "--json -o b a" "-o b a" "--png=b -o c a" "--png= a" "--raw --type= --id=1 a" \
+    "--raw --type=TEXT --id=32768 a" "--raw --type=TEXT --id=1x a" "--raw --type=TEXT --id= a" "--fast a" "-o"; do
+    run resources $wrong
+    expect "'$wrong'" 2 "" "*usage:*"
+done
+for type in ABC ABCDE 0x1234567 0x1234567g 日abc; do
+    run resources --raw --id=1 --type=$type a
+    expect "--type=$type" 2 "" "tidewell: --type takes *"
+done
+
 fork_tool() { python3 "$here/resource-fork.py" "$@"; }
 
 # keep FORK NAME: the fork becomes that of the Mac file NAME, of a MacBinary and of a BinHex file.
@@ -25,7 +36,7 @@ agrees() {
 cat >resources.json <<'END'
 [["ICN#", 128, "Application icon", 32, "ICON"],
  ["STR ", -16455, "Café \u001b[31m", 0, "\u0005Hello"], ["STR ", 5, null, 84, "\u00075 \r\n\u0000é\""],
- ["©\"\\\u0000", 1, "", 255, ""], ["TEXT", 32767, "LONG", 1, "x"], ["TEXT", -32768, "\t\u0000\u0001", 8, "y"]]
+ ["©\"\\\u0000", 1, "", 255, ""], ["Äb©~", 3, "", 2, "z"], ["TEXT", 32767, "LONG", 1, "x"], ["TEXT", -32768, "\t\u0000\u0001", 8, "y"]]
 END
 # An icon with every other pixel black, in the left half of its mask.
 python3 - resources.json <<'END'
@@ -33,7 +44,7 @@ import json, sys
 forks = json.load(open(sys.argv[1]))
 icon = b"\xaa\xaa\xaa\xaa" * 32 + b"\xff\xff\x00\x00" * 32
 forks[0][4] = icon.decode("mac_roman")
-forks[4][2] = "n" * 255
+forks[5][2] = "n" * 255
 json.dump(forks, open(sys.argv[1], "w"))
 END
 fork_tool make <resources.json >fork
@@ -72,6 +83,8 @@ taken --type=0x54455854 --id=32767 --raw -o text
 same "saved" "saved Demo.hqx -> text x" "$out $(cat text)"
 taken --type=0xA9225C00 --id=1 --raw -o nothing
 same "an empty one" 0 "$(stat -c %s nothing)"
+taken --type=Äb©~ --id=3 --raw
+same "a type in the Mac's characters" z "$out"
 mkdir out
 taken --fork -o out/Demo.rsf
 same_bytes "the fork" out/Demo.rsf fork
@@ -91,12 +104,16 @@ for own in fork out/link; do
 done
 mac_file make Beside 10 10 TEXT ttxt 0
 cp ._Beside before
-for bad in "5 out" "2 nowhere/file" "80 ._Beside" "5 /dev/null"; do
+mkfifo pipe
+ln -s pipe link
+long=$(printf "x%.0s" {1..250})
+mkdir $long $long/$long
+for bad in "5 out" "206 $long/$long/$long" "2 nowhere/file" "80 ._Beside" "5 pipe" "5 link" "5 out/."; do
     run resources Demo --fork --replace=yes -o "${bad#* }"
     expect "$bad" 1 "" "tidewell: *: error ${bad% *}: ?*"
 done
 same_bytes "AppleDouble files are left alone" ._Beside before
-[ -c /dev/null ] || fail "a device was replaced"
+[ -p pipe ] && [ -h link ] || fail "a pipe was replaced"
 
 # What fails leaves nothing.
 python3 -c 'import json; json.dump([["BIG ", 1, None, 0, "x" * 2000000]], open("big.json", "w"))'
@@ -133,7 +150,7 @@ expect "a damaged picture" 1 "" "tidewell: bad: error 13: ICON_1.png is left out
 # What is no fork.
 head -c 200 fork >cut
 head -c 300 Demo.hqx >short.hqx
-tr U V <Demo.bin >damaged.bin
+tr T U <Demo.bin >damaged.bin
 echo text >none.hqx
 : >empty
 for bad in "38 --data cut" "1003 --data empty" "1003 resources.json" "1003 Demo.data" "38 short.hqx" "23 damaged.bin" \

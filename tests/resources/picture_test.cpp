@@ -80,9 +80,9 @@ struct ColorPicture {
     }
     Bytes table() const {
         Bytes bytes = words({1, 2, tableFlags, static_cast<int>(colors.size()) - 1});
-        for (const auto& [value, color] : colors) {
-            const auto part = [&](char wanted) { return color == wanted ? 0xFE80 : 0x0080; };
-            bytes = bytes + words({value, part('r'), part('g'), part('b')});
+        for (const std::pair<int, char>& color : colors) {
+            const auto part = [&](char wanted) { return color.second == wanted ? 0xFE80 : 0x0080; };
+            bytes = bytes + words({color.first, part('r'), part('g'), part('b')});
         }
         return bytes;
     }
@@ -133,8 +133,8 @@ TEST_CASE("The Mac's own colors") {
         {215, 0xEE0000}, {216, 0xDD0000}, {217, 0xBB0000}, {218, 0xAA0000}, {219, 0x880000}, {220, 0x770000},
         {221, 0x550000}, {222, 0x440000}, {223, 0x220000}, {224, 0x110000}, {225, 0x00EE00}, {244, 0x000011},
         {245, 0xEEEEEE}, {254, 0x111111}, {255, 0x000000}};
-    for (const auto& [value, color] : colors)
-        CHECK_MESSAGE(eight.at(value) == (0xFF000000 | color), value);
+    for (const std::pair<size_t, uint32_t>& color : colors)
+        CHECK_MESSAGE(eight.at(color.first) == (0xFF000000 | color.second), color.first);
 
     std::vector<uint32_t> four =
         colorsOf(decode("icl4", Bytes{0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF} + Bytes(504)));
@@ -206,7 +206,9 @@ TEST_CASE("A resource is no picture when it is cut anywhere, and without memory"
         {"PAT ", patternOf(8)},
         {"ppat", ColorPicture{}.ppat()},
     };
-    for (const auto& [type, whole] : rows) {
+    for (const auto& row : rows) {
+        const std::string& type = row.first;
+        const Bytes& whole = row.second;
         CAPTURE(type);
         CHECK(IsPictureType(typeOf(type)));
         for (size_t size = 0; size < whole.size(); ++size)

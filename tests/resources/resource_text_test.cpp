@@ -39,7 +39,7 @@ TEST_CASE("Texts and strings of the Mac as Windows shows them") {
         {"TEXT", std::string("a\0b\tc\x7F", 6), "a b\tc\x7F"},
         {"TEXT", "Caf\x8E \xA5 \xDB \xFF\xAD", "Caf\xE9 \x95 \x80 ??"},
         {"TEXT", "\x80\xA1\xB4", "\xC3\x84\xC2\xB0\xC2\xA5", pc::kCodePageUtf8},
-        {"TEXT", "\xA1\x8E", "\x81\x8B?", 932},
+        {"TEXT", "\xA1.", "\x81\x8B.", 932},
         {"TEXT", "", "(none)"},
         {"STR ", "\3abcd", "abc"},
         {"STR ", std::string(1, '\0') + "abc", "(none)"},

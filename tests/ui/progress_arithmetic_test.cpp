@@ -19,8 +19,8 @@ constexpr uint64_t kMost = std::numeric_limits<uint64_t>::max();
 
 TEST_CASE("The bar's shift brings any total into 16 bits") {
     const std::pair<uint64_t, int> rows[] = {{65535, 0}, {65536, 16}, {0x1'0000'0000, 32}, {kMost, 48}};
-    for (const auto& [total, shift] : rows)
-        CHECK_MESSAGE(ProgressShift(total) == shift, total);
+    for (const auto& row : rows)
+        CHECK_MESSAGE(ProgressShift(row.first) == row.second, row.first);
 }
 
 TEST_CASE("The time remaining: up to a minute by five seconds, above it by minutes, two at least") {

@@ -17,7 +17,6 @@ TEST_CASE("a size is taken to the unit that leaves at most 1000 of it, GB at mos
         {UINT64_MAX, {(uint64_t{1} << 34) - 1, 99, 3}},
     };
     for (const auto& [bytes, expected] : rows) {
-        CAPTURE(bytes);
         const ScaledSize size = ScaleSize(bytes);
         CHECK(size.whole == expected.whole);
         CHECK(size.hundredths == expected.hundredths);
