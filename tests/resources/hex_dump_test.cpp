@@ -16,7 +16,7 @@ std::string dumpOf(const Bytes& data) {
     PageBuffer text = HexDumpAlloc(data.data(), static_cast<uint32_t>(data.size()), &length);
     REQUIRE(text);
     const auto* const characters = reinterpret_cast<const char*>(text.data());
-    const size_t capacity = HexDumpCapacity(data.size());
+    const auto capacity = static_cast<size_t>(HexDumpCapacity(data.size()));
     REQUIRE(length < capacity);
     // Nothing but the text was written.
     CHECK(std::all_of(characters + length, characters + capacity, [](char c) { return c == '\0'; }));

@@ -49,8 +49,9 @@ std::string listed(ResourceForkReader& reader) {
 
 // The same, straight from the bytes of the fork.
 std::string listedByFormat(const Bytes& fork) {
+    const uint8_t* const bytes = fork.data();
     const auto holds = [&](uint64_t at, uint64_t count) { return at + count <= fork.size(); };
-    const auto number = [&](uint64_t at, size_t size) { return uint64_t{loadBig(&fork[at], 0, size)}; };
+    const auto number = [&](uint64_t at, size_t size) { return uint64_t{loadBig(bytes + at, 0, size)}; };
     const auto signedNumber = [&](uint64_t at) { return static_cast<int16_t>(number(at, 2)); };
     if (fork.size() < 46 || !holds(number(0, 4), number(8, 4)) || !holds(number(4, 4), number(12, 4)) ||
         !holds(number(4, 4), 30))
@@ -69,13 +70,13 @@ std::string listedByFormat(const Bytes& fork) {
             // Behind the end, where the position is negative.
             const uint64_t at = map + number(first + 26, 2) + static_cast<uint64_t>(signedNumber(entry + 2));
             std::string name = "none";
-            if (signedNumber(entry + 2) != -1 && at < fork.size() && fork[at] > 0)
-                name = holds(at + 1, fork[at]) ? bytesAt(fork, at + 1, fork[at]).c_str() : "";
+            if (signedNumber(entry + 2) != -1 && at < fork.size() && bytes[at] > 0)
+                name = holds(at + 1, bytes[at]) ? bytesAt(fork, at + 1, bytes[at]).c_str() : "";
             const uint64_t dataAt = number(first, 4) + number(entry + 5, 3);
             std::string data = "none";
             if (holds(dataAt, 4))
                 data = bytesAt(fork, dataAt + 4, std::min(number(dataAt, 4), fork.size() - dataAt - 4));
-            text += lineOf(signedNumber(entry), fork[entry + 4], name, data);
+            text += lineOf(signedNumber(entry), bytes[entry + 4], name, data);
         }
     }
     return text;
@@ -213,6 +214,7 @@ TEST_CASE("What is no fork is not opened") {
         CHECK(reader.Open(kPath) == (test.error == 0));
         if (test.error != 0) CHECK(GetLastError() == test.error);
         CHECK((reader.Path() == nullptr) == (test.error != 0));
+        CHECK((reader.ForkSize() == INVALID_FILE_SIZE) == (test.error != 0));
         CHECK(reader.TypeCount() == 0);
         reader.Close();
     }
