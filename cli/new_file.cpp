@@ -19,9 +19,8 @@ ErrorCode makeNewFile(const char* path, const std::function<ErrorCode(HANDLE)>& 
 }
 
 ErrorCode makeNewFile(const char* path, const std::string& bytes) {
-    return makeNewFile(path, [&](HANDLE file) {
-        return tidewell::WriteWhole(file, bytes.data(), static_cast<DWORD>(bytes.size()));
-    });
+    return makeNewFile(path,
+                       [&](HANDLE file) { return tidewell::WriteAll(file, bytes.data(), bytes.size()); });
 }
 
 }  // namespace cli

@@ -33,18 +33,28 @@ Result writePicture(const OutputFolder& folder, const std::string& name, const t
 int writePictures(const ForkSource& source, tidewell::ResourceForkReader& reader,
                   const OutputFolder& folder) {
     int status = kAllDone;
+    // Pictures that share their data could make a small fork fill a disk.
+    uint64_t room = reader.ForkSize();
+    Failure stopped;
     const auto write = [&](const TypeEntry& type, const ReferenceEntry& reference) {
+        uint32_t length = 0;
+        if (interrupted()) stopped = {ERROR_CANCELLED, {}};
+        if (reader.ReadDataLength(reference, length) && length > room)
+            stopped = {ERROR_FILE_CORRUPT, "It is damaged: its pictures overlap."};
+        if (stopped.error != 0) return false;
+        room -= length;
         const Result result = writePicture(folder, pictureName(type.type, reference.id()),
                                            tidewell::ReadPicture(reader, type, reference));
         if (reportResult("saved", source.typed, folder, result) != kAllDone) status = kSomethingFailed;
         return result.failure.error != ERROR_CANCELLED;
     };
-    const Failure failure =
+    Failure failure =
         walkResources(reader, [&](const TypeEntry& type, const std::vector<ReferenceEntry>& all) {
             return !tidewell::IsPictureType(type.type) ||
                    std::all_of(all.begin(), all.end(),
                                [&](const ReferenceEntry& reference) { return write(type, reference); });
         });
+    if (failure.error == 0) failure = stopped;
     if (failure.error == 0) return status;
     reportFailure(source.typed, failure);
     return kSomethingFailed;

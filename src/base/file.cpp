@@ -57,6 +57,19 @@ ErrorCode WriteWhole(HANDLE file, const void* buffer, DWORD count) {
     return transferred == count ? 0 : ERROR_HANDLE_DISK_FULL;
 }
 
+ErrorCode WriteAll(HANDLE file, const void* buffer, uint64_t count) {
+    constexpr DWORD kMostAtOnce = 1 << 30;
+    const auto* bytes = static_cast<const uint8_t*>(buffer);
+    while (count != 0) {
+        const DWORD part = count < kMostAtOnce ? static_cast<DWORD>(count) : kMostAtOnce;
+        const ErrorCode error = WriteWhole(file, bytes, part);
+        if (error != 0) return error;
+        bytes += part;
+        count -= part;
+    }
+    return 0;
+}
+
 ErrorCode FlushWritten(HANDLE file) {
     if (FlushFileBuffers(file)) return 0;
     const ErrorCode error = lastError();

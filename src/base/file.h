@@ -36,6 +36,9 @@ ErrorCode ReadWhole(HANDLE file, void* buffer, DWORD count);
 // taken.
 ErrorCode WriteWhole(HANDLE file, const void* buffer, DWORD count);
 
+// WriteWhole for more bytes than one call takes.
+ErrorCode WriteAll(HANDLE file, const void* buffer, uint64_t count);
+
 // Has the system put on the disk what was written. The system's error, but none for a driver that knows no
 // such request: the file is whole, and nothing more can be done for it.
 ErrorCode FlushWritten(HANDLE file);

@@ -141,7 +141,11 @@ INT_PTR CALLBACK ContentsProcedure(HWND dialog, UINT message, WPARAM wParam, LPA
     case WM_DRAWITEM:
         DrawPicture(*requestOf(dialog).picture, *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
         return TRUE;
-    case WM_CONTEXTMENU: ShowContextMenuHelp(reinterpret_cast<HWND>(wParam), ViewerHelpTopics); return TRUE;
+    case WM_CONTEXTMENU:
+        // Beside the controls it is the system's.
+        if (reinterpret_cast<HWND>(wParam) == dialog) return FALSE;
+        ShowContextMenuHelp(reinterpret_cast<HWND>(wParam), ViewerHelpTopics);
+        return TRUE;
     case WM_HELP: ShowControlHelp(*reinterpret_cast<const HELPINFO*>(lParam), ViewerHelpTopics); return TRUE;
     case WM_DESTROY: onDestroy(dialog); return TRUE;
     }

@@ -40,8 +40,14 @@ void DrawPicture(const Picture& picture, const DRAWITEMSTRUCT& control) {
     bitmap.bmiHeader.biHeight = -height;  // rows from the top
     bitmap.bmiHeader.biPlanes = 1;
     bitmap.bmiHeader.biBitCount = 32;
+    // A screen of 256 colours has more than the system's own only by a palette; others have no use for it.
+    HPALETTE const palette = CreateHalftonePalette(control.hDC);
+    HPALETTE const previous = SelectPalette(control.hDC, palette, FALSE);
+    RealizePalette(control.hDC);
     StretchDIBits(control.hDC, 0, 0, width, height, 0, 0, width, height, dots.data(), &bitmap, DIB_RGB_COLORS,
                   SRCCOPY);
+    SelectPalette(control.hDC, previous, FALSE);
+    DeleteObject(palette);
 }
 
 }  // namespace tidewell

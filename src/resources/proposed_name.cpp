@@ -12,13 +12,13 @@ namespace tidewell {
 
 namespace {
 
-// As much of the text as fits behind `proposal`, without half a character.
-void append(char* proposal, const char* text) {
+// As much of the text as makes `proposal` shorter than `most` bytes, without half a character.
+void append(char* proposal, const char* text, size_t most = kMostProposed) {
     size_t length = std::strlen(proposal);
     while (*text != '\0') {
         const size_t width = static_cast<size_t>(nextCharacter(text) - text);
         // Making the name usable can add a byte.
-        if (length + width >= kMostProposed) break;
+        if (length + width >= most) break;
         std::memcpy(proposal + length, text, width);
         length += width;
         text += width;
@@ -27,13 +27,13 @@ void append(char* proposal, const char* text) {
 }
 
 // The bytes of the text that no file name may have, replaced.
-void appendAllowed(char* proposal, const char* text) {
+void appendAllowed(char* proposal, const char* text, size_t most = kMostProposed) {
     uint8_t counted[256];
     char allowed[256];
     const size_t length = std::strlen(text);
     counted[0] = static_cast<uint8_t>(length < 255 ? length : 255);
     std::memcpy(counted + 1, text, counted[0]);
-    if (MacNameToWindowsName(counted, allowed, sizeof allowed)) append(proposal, allowed);
+    if (MacNameToWindowsName(counted, allowed, sizeof allowed)) append(proposal, allowed, most);
 }
 
 // With zeros in front, `width` digits or more.
@@ -50,16 +50,20 @@ void ProposeResourceName(const char* fileName, const ResourceType& type, const c
                          char* proposal) {
     char code[kTypeCodeCapacity];
     FormatTypeCode(type, code);
-    proposal[0] = '\0';
-    append(proposal, fileName);
-    append(proposal, " - resource ");
-    appendAllowed(proposal, code);
+    char resource[kMostProposed];
+    resource[0] = '\0';
+    append(resource, " - resource ");
+    appendAllowed(resource, code);
+    // Of a long name as much as leaves the file's name a third.
     if (name != nullptr) {
-        appendAllowed(proposal, name);
+        appendAllowed(resource, name, kMostProposed * 2 / 3);
     } else {
-        append(proposal, id < 0 ? " -" : " ");
-        appendDigits(proposal, id < 0 ? -id : id, id < 0 ? 4 : 5);
+        append(resource, id < 0 ? " -" : " ");
+        appendDigits(resource, id < 0 ? -id : id, id < 0 ? 4 : 5);
     }
+    proposal[0] = '\0';
+    append(proposal, fileName, kMostProposed - std::strlen(resource));
+    append(proposal, resource);
     MakeNameUsable(proposal);
 }
 

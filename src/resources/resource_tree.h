@@ -9,7 +9,7 @@
 
 namespace tidewell {
 
-enum class ResourceNodeKind : uint16_t { fork, type, resource };
+enum class ResourceNodeKind { fork, type, resource };
 
 // Bytes of a resource's name that are kept, with the NUL.
 constexpr uint8_t kNodeNameCapacity = 44;
@@ -19,7 +19,6 @@ constexpr int kNodeLabelCapacity = 300;
 // What a tree item stands for; it is the item's parameter, and freed with it.
 struct ResourceTreeNode {
     ResourceNodeKind kind;
-    uint16_t index;  // of a type in the fork, of a resource in its type
     union {
         ResourceForkReader* reader;      // of the fork
         const ResourceTreeNode* parent;  // of a type and a resource

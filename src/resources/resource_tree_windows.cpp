@@ -11,51 +11,58 @@ namespace tidewell {
 
 namespace {
 
-ResourceTreeNode* newNode(ResourceNodeKind kind, uint16_t index) {
+ResourceTreeNode* newNode(ResourceNodeKind kind) {
     auto* const node = static_cast<ResourceTreeNode*>(
         HeapAlloc(GetProcessHeap(), HEAP_ZERO_MEMORY, sizeof(ResourceTreeNode)));
-    if (!node) return nullptr;
-    node->kind = kind;
-    node->index = index;
+    if (node) node->kind = kind;
     return node;
 }
 
-// Behind the other items. The tree owns the node from now on.
-HTREEITEM insert(HWND tree, HTREEITEM parent, char* label, ResourceTreeNode* node) {
+// Where an item goes. Its neighbour is named because the first trees look through all items for the last one.
+struct ItemPlace {
+    HTREEITEM parent;
+    HTREEITEM after;
+};
+
+// The tree owns the node from now on. The next item is placed behind this one.
+HTREEITEM insert(HWND tree, ItemPlace& place, char* label, ResourceTreeNode* node) {
     TVINSERTSTRUCTA insertion = {};
-    insertion.hParent = parent;
-    insertion.hInsertAfter = TVI_LAST;
+    insertion.hParent = place.parent;
+    insertion.hInsertAfter = place.after;
     insertion.item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_CHILDREN;
     insertion.item.pszText = label;
     insertion.item.lParam = reinterpret_cast<LPARAM>(node);
     insertion.item.cChildren = node->kind != ResourceNodeKind::resource ? 1 : 0;
     const auto item = reinterpret_cast<HTREEITEM>(
         SendMessageA(tree, TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insertion)));
-    if (!item) FreeNode(reinterpret_cast<LPARAM>(node));
+    if (item)
+        place.after = item;
+    else
+        FreeNode(reinterpret_cast<LPARAM>(node));
     return item;
 }
 
-void insertType(HWND tree, HTREEITEM fork, uint16_t index, const TypeEntry& type) {
-    ResourceTreeNode* const node = newNode(ResourceNodeKind::type, index);
+void insertType(HWND tree, ItemPlace& place, const TypeEntry& type) {
+    ResourceTreeNode* const node = newNode(ResourceNodeKind::type);
     if (!node) return;
-    node->parent = NodeOf(tree, fork);
+    node->parent = NodeOf(tree, place.parent);
     node->type = type;
     char label[kTypeCodeCapacity];
     FormatTypeCode(type.type, label);
-    insert(tree, fork, label, node);
+    insert(tree, place, label, node);
 }
 
-void insertResource(HWND tree, HTREEITEM typeItem, const ResourceTreeNode& type, ResourceForkReader& reader,
-                    uint16_t index, const ReferenceEntry& reference) {
-    ResourceTreeNode* const node = newNode(ResourceNodeKind::resource, index);
+void insertResource(HWND tree, ItemPlace& place, ResourceForkReader& reader,
+                    const ReferenceEntry& reference) {
+    ResourceTreeNode* const node = newNode(ResourceNodeKind::resource);
     if (!node) return;
-    node->parent = &type;
+    node->parent = NodeOf(tree, place.parent);
     node->reference = reference;
     // The node is zero-filled: a name that cannot be read is empty.
     reader.ReadName(reference, node->name, kNodeNameCapacity);
     char label[kPrintedCapacity];
     wsprintfA(label, *node->name != '\0' ? "%s (%d)" : "%s(%d)", node->name, reference.id());
-    insert(tree, typeItem, label, node);
+    insert(tree, place, label, node);
 }
 
 int compareNumbers(int a, int b) {
@@ -75,16 +82,17 @@ int CALLBACK compareNodes(LPARAM a, LPARAM b, LPARAM /*unused*/) {
 }  // namespace
 
 void FillResourceTree(HWND tree, ResourceForkReader& reader) {
-    ResourceTreeNode* const node = newNode(ResourceNodeKind::fork, 0);
+    ResourceTreeNode* const node = newNode(ResourceNodeKind::fork);
     const LocalText label(LoadStringAlloc(ResourceModule, IDS_RESOURCE_FORK));
     if (!node || !label) return FreeNode(reinterpret_cast<LPARAM>(node));
     node->reader = &reader;
-    HTREEITEM const fork = insert(tree, TVI_ROOT, label.get(), node);
+    ItemPlace root = {TVI_ROOT, TVI_FIRST};
+    HTREEITEM const fork = insert(tree, root, label.get(), node);
     if (!fork) return;
+    ItemPlace place = {fork, TVI_FIRST};
     for (unsigned i = 0; i < reader.TypeCount(); ++i) {
         TypeEntry type;
-        if (reader.ReadTypeEntry(static_cast<uint16_t>(i), type))
-            insertType(tree, fork, static_cast<uint16_t>(i), type);
+        if (reader.ReadTypeEntry(static_cast<uint16_t>(i), type)) insertType(tree, place, type);
     }
     // At once: to look for each one's place takes long where a fork claims many.
     TreeView_SortChildren(tree, fork, FALSE);
@@ -95,13 +103,14 @@ void FillTypeItem(HWND tree, HTREEITEM item) {
     const ResourceTreeNode* const type = NodeOf(tree, item);
     if (!type || type->kind != ResourceNodeKind::type || TreeView_GetChild(tree, item)) return;
     ResourceForkReader& reader = *type->parent->reader;
+    ItemPlace place = {item, TVI_FIRST};
     SetWindowRedraw(tree, FALSE);
     for (unsigned i = 0; i <= type->type.lastIndex; ++i) {
         ReferenceEntry reference;
         if (reader.ReadReferenceEntry(type->type, static_cast<uint16_t>(i), reference))
-            insertResource(tree, item, *type, reader, static_cast<uint16_t>(i), reference);
+            insertResource(tree, place, reader, reference);
     }
-    TVSORTCB sorting = {item, compareNodes, 0};
+    TVSORTCB sorting = {item, compareNodes, {}};
     TreeView_SortChildrenCB(tree, &sorting, FALSE);
     SetWindowRedraw(tree, TRUE);
 }

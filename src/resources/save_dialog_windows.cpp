@@ -7,6 +7,8 @@
 
 #include <commdlg.h>
 
+#include <cderr.h>
+
 namespace tidewell {
 
 bool AskWhereToSave(SaveQuestion& question) {
@@ -25,7 +27,12 @@ bool AskWhereToSave(SaveQuestion& question) {
     dialog.lpstrTitle = title.get();
     dialog.Flags = OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT;
     dialog.lpstrDefExt = question.extension;
-    const bool chosen = GetSaveFileNameA(&dialog) != 0;
+    bool chosen = GetSaveFileNameA(&dialog) != 0;
+    if (!chosen && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
+        // Not every system takes every name that is proposed.
+        *question.path = '\0';
+        chosen = GetSaveFileNameA(&dialog) != 0;
+    }
     question.filter = dialog.nFilterIndex;
     if (!chosen && CommDlgExtendedError() != 0) question.error = ERROR_GEN_FAILURE;
     return chosen;

@@ -13,25 +13,11 @@ namespace {
 
 constexpr DWORD kCopyBlock = 64 * 1024;
 
-// What WriteFile takes at a time, so that no count is cut to 32 bits.
-constexpr size_t kMostWritten = size_t{1} << 30;
-
-ErrorCode writeAll(HANDLE file, const BYTE* bytes, size_t count) {
-    while (count != 0) {
-        const size_t part = count < kMostWritten ? count : kMostWritten;
-        const ErrorCode error = WriteWhole(file, bytes, static_cast<DWORD>(part));
-        if (error != 0) return error;
-        bytes += part;
-        count -= part;
-    }
-    return 0;
-}
-
 ErrorCode writeForm(HANDLE file, const PageBuffer& data, uint32_t length, ResourceForm form) {
-    if (form == ResourceForm::binary) return writeAll(file, data.data(), length);
+    if (form == ResourceForm::binary) return WriteAll(file, data.data(), length);
     size_t textLength = 0;
     const PageBuffer text = HexDumpAlloc(data.data(), length, &textLength);
-    return text ? writeAll(file, text.data(), textLength) : lastError();
+    return text ? WriteAll(file, text.data(), textLength) : lastError();
 }
 
 ErrorCode copyAll(HANDLE source, HANDLE destination, HWND dialog) {

@@ -41,8 +41,8 @@ void ViewItem(HWND dialog, HTREEITEM item);
 void SaveItem(HWND dialog, HTREEITEM item);
 
 // The menu of the tree's item at a point of the screen, or of the selected one when the menu was asked for by
-// a key; the system's help menu where there is none.
-void ShowItemMenu(HWND dialog, HWND control, LPARAM point);
+// a key; the system's help menu over other controls. FALSE where there is no control: that is the system's.
+BOOL ShowItemMenu(HWND dialog, HWND control, LPARAM point);
 
 }  // namespace tidewell
 

@@ -12,6 +12,8 @@
 #include "ui/stored_name.h"
 #include "ui/window_text.h"
 
+#include <windowsx.h>
+
 namespace tidewell {
 
 namespace {
@@ -49,6 +51,14 @@ INT_PTR onCommand(HWND dialog, int command) {
     return FALSE;
 }
 
+bool isOnSelection(HWND tree, DWORD point) {
+    TVHITTESTINFO hit = {};
+    hit.pt = {GET_X_LPARAM(point), GET_Y_LPARAM(point)};
+    ScreenToClient(tree, &hit.pt);
+    TreeView_HitTest(tree, &hit);
+    return (hit.flags & TVHT_ONITEM) != 0 && hit.hItem == TreeView_GetSelection(tree);
+}
+
 // As a click on the button, which may be disabled.
 void clickView(HWND dialog) {
     HWND const button = GetDlgItem(dialog, IDC_VIEWER_VIEW);
@@ -67,7 +77,9 @@ void onTreeNotification(HWND dialog, const NMHDR& header) {
     }
     case TVN_SELCHANGEDA: ExpectDetails(dialog, NodeOf(header.hwndFrom, change.itemNew.hItem)); break;
     case TVN_DELETEITEMA: FreeNode(change.itemOld.lParam); break;
-    case NM_DBLCLK: clickView(dialog); break;
+    case NM_DBLCLK:
+        if (isOnSelection(header.hwndFrom, GetMessagePos())) clickView(dialog);
+        break;
     }
 }
 
@@ -136,7 +148,7 @@ INT_PTR CALLBACK ViewerProcedure(HWND dialog, UINT message, WPARAM wParam, LPARA
         if (wParam == IDC_VIEWER_TREE) onTreeNotification(dialog, *reinterpret_cast<const NMHDR*>(lParam));
         return FALSE;
     case WM_TIMER: ShowDetails(dialog, wParam); return TRUE;
-    case WM_CONTEXTMENU: ShowItemMenu(dialog, reinterpret_cast<HWND>(wParam), lParam); return TRUE;
+    case WM_CONTEXTMENU: return ShowItemMenu(dialog, reinterpret_cast<HWND>(wParam), lParam);
     case WM_HELP: ShowControlHelp(*reinterpret_cast<const HELPINFO*>(lParam), ViewerHelpTopics); return TRUE;
     }
     return FALSE;

@@ -66,16 +66,21 @@ int choose(HWND dialog, int menuId, POINT point) {
 
 }  // namespace
 
-void ShowItemMenu(HWND dialog, HWND control, LPARAM point) {
-    if (ViewerOf(dialog).saving) return;
+BOOL ShowItemMenu(HWND dialog, HWND control, LPARAM point) {
+    if (control == dialog) return FALSE;
+    if (ViewerOf(dialog).saving) return TRUE;
     HWND const tree = TreeOf(dialog);
-    constexpr LPARAM kByKey = -1;
+    constexpr DWORD kByKey = 0xFFFFFFFF;
     MenuPlace place = {};
     if (control == tree)
-        place = point == kByKey ? placeOfSelection(tree)
-                                : placeAt(tree, {GET_X_LPARAM(point), GET_Y_LPARAM(point)});
+        place = static_cast<DWORD>(point) == kByKey
+                    ? placeOfSelection(tree)
+                    : placeAt(tree, {GET_X_LPARAM(point), GET_Y_LPARAM(point)});
     const int menuId = menuOf(NodeOf(tree, place.item));
-    if (menuId == 0) return ShowContextMenuHelp(control, ViewerHelpTopics);
+    if (menuId == 0) {
+        ShowContextMenuHelp(control, ViewerHelpTopics);
+        return TRUE;
+    }
 
     TreeView_SelectDropTarget(tree, place.item);
     const int command = choose(dialog, menuId, place.point);
@@ -85,6 +90,7 @@ void ShowItemMenu(HWND dialog, HWND control, LPARAM point) {
     case IDC_VIEWER_SAVE: SaveItem(dialog, place.item); break;
     case ID_WHATS_THIS: ShowTopicPopup(tree, kTreeTopic); break;
     }
+    return TRUE;
 }
 
 }  // namespace tidewell

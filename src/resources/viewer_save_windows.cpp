@@ -15,13 +15,13 @@ namespace {
 
 constexpr DWORD kHexTextFilter = 2;
 
-// The file that is looked at, which nothing may be saved in.
-bool isViewedFile(const OpenViewer& viewer, const char* path) {
-    char file[kPathCapacity];
-    GetFileOfFork(viewer.reader.Path(), file);
-    char chosen[kPathCapacity];
-    const DWORD length = GetShortPath(path, chosen, kPathCapacity);
-    return length != 0 && length < kPathCapacity && lstrcmpiA(chosen, file) == 0;
+// Holds the file that is looked at, so that nothing takes its place, by whatever name it is chosen.
+OwnedFile holdViewedFile(const OpenViewer& viewer) {
+    char path[kPathCapacity];
+    GetFileOfFork(viewer.reader.Path(), path);
+    OwnedFile file;
+    OpenForReading(path, file);
+    return file;
 }
 
 ErrorCode saveResource(HWND dialog, const ResourceTreeNode& node) {
@@ -29,14 +29,14 @@ ErrorCode saveResource(HWND dialog, const ResourceTreeNode& node) {
     char file[kPathCapacity];
     GetLongFileOfFork(viewer.reader.Path(), file);
     char name[UINT8_MAX];
-    const bool named = viewer.reader.ReadName(node.reference, name, sizeof name) != 0;
+    const bool named = viewer.reader.ReadName(node.reference, name, sizeof name) && *name != '\0';
     char path[kPathCapacity];
     ProposeResourceName(FileNamePart(file), node.parent->type.type, named ? name : nullptr,
                         node.reference.id(), path);
     SaveQuestion question = {dialog, IDS_RESOURCE_FILTER, "", 0, path, 0};
     if (!AskWhereToSave(question)) return question.error;
     const BusyCursor busy(dialog);
-    if (isViewedFile(viewer, path)) return ERROR_SHARING_VIOLATION;
+    const OwnedFile held = holdViewedFile(viewer);
     const ResourceForm form =
         question.filter == kHexTextFilter ? ResourceForm::hexText : ResourceForm::binary;
     return SaveResource(viewer.reader, node.reference, form, path);
@@ -51,7 +51,7 @@ ErrorCode saveFork(HWND dialog) {
     SaveQuestion question = {dialog, IDS_FORK_FILTER, "rsf", 0, path, 0};
     if (!AskWhereToSave(question)) return question.error;
     const BusyCursor busy(dialog);
-    if (isViewedFile(viewer, path)) return ERROR_SHARING_VIOLATION;
+    const OwnedFile held = holdViewedFile(viewer);
     return SaveFork(viewer.reader.Path(), dialog, path);
 }
 

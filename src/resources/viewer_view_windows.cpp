@@ -66,7 +66,7 @@ void ViewItem(HWND dialog, HTREEITEM item) {
     Contents contents;
     ErrorCode error = readContents(dialog, item, *node, request, contents);
     if (error == 0 && DialogBoxParamA(ResourceModule, MAKEINTRESOURCEA(IDD_CONTENTS), dialog,
-                                      ContentsProcedure, reinterpret_cast<LPARAM>(&request)) <= 0)
+                                      ContentsProcedure, reinterpret_cast<LPARAM>(&request)) == -1)
         error = lastError();
     if (error != 0) ShowErrorMessage(dialog, error, MSG_VIEW_FAILED, IDS_ERROR_TITLE, MB_OK | MB_ICONHAND);
 }

@@ -26,10 +26,14 @@ BOOL ViewMacResources(HWND owner, const char* path) {
         ShowErrorMessage(nullptr, lastError(), MSG_OPEN_FAILED, IDS_ERROR_TITLE, MB_OK | MB_ICONHAND, title);
         return 0;
     }
+    InitCommonControls();
     InterlockedIncrement(&OpenViewerCount);
     const INT_PTR result = DialogBoxParamA(ResourceModule, MAKEINTRESOURCEA(IDD_VIEWER), owner,
                                            ViewerProcedure, reinterpret_cast<LPARAM>(&viewer));
+    const ErrorCode error = lastError();
     InterlockedDecrement(&OpenViewerCount);
+    if (result == -1)
+        ShowErrorMessage(nullptr, error, MSG_OPEN_FAILED, IDS_ERROR_TITLE, MB_OK | MB_ICONHAND, title);
     return result > 0 ? 1 : 0;
 }
 

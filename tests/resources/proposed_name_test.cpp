@@ -39,15 +39,18 @@ TEST_CASE("A proposed name tells the file and the resource, and is one that Wind
     CHECK(forResource("Letter", "STR ", nullptr, -32768) == "Letter - resource STR  -32768");
     CHECK(forResource("Letter", "a/b:", "Read\r<me>?") == "Letter - resource a_b_Read__me__");
     CHECK(forResource("Letter", "\x01\x02\x03\x04", "x. ") == "Letter - resource ($04030201)x");
-    const std::string longest = forResource(std::string(200, 'x'), "STR ", std::string(200, 'y').c_str());
-    CHECK(longest.size() == kMostProposed - 1);
+    // Of long names each keeps a part, and what tells the resource stays.
+    CHECK(forResource(std::string(250, 'x'), "STR ", nullptr, 5) ==
+          std::string(232, 'x') + " - resource STR  00005");
+    const std::string both = forResource(std::string(250, 'x'), "STR ", std::string(250, 'y').c_str());
+    CHECK(both == std::string(85, 'x') + " - resource STR " + std::string(153, 'y'));
     CHECK(forFork("a.b.txt") == "a_b_txt");
     CHECK(forFork("con.txt") == "con_txt");
     pc.setCodePage(932);
     // A second byte that is no character of its own; and no half of one where the name is cut.
     CHECK(forFork("\x83\x5C.x") == "\x83\x5C_x");
-    const std::string cut = forResource(std::string(253, 'x') + "\x83\x5C\x83\x5C", "STR ", "");
-    CHECK(cut == std::string(253, 'x'));
+    const std::string cut = forResource(std::string(231, 'x') + "\x83\x5C\x83\x5C", "STR ", nullptr, 5);
+    CHECK(cut == std::string(231, 'x') + " - resource STR  00005");
 }
 
 TEST_CASE("The file of a fork is found by the fork's path") {

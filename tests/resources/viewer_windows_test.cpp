@@ -16,6 +16,8 @@
 #include <commdlg.h>
 #include <windowsx.h>
 
+#include <cderr.h>
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -74,11 +76,26 @@ BOOL WINAPI getSaveFileName(LPOPENFILENAMEA question) {
     return TRUE;
 }
 
+DWORD saveDialogError = 0;
+
+DWORD WINAPI saveError() {
+    return saveDialogError;
+}
+
+// Where the mouse was.
+DWORD messagePoint = 0;
+
+DWORD WINAPI getMessagePoint() {
+    return messagePoint;
+}
+
 std::string shownMenu;
+POINT menuPoint;
 int menuAnswer = 0;
 HTREEITEM highlit = nullptr;
 
-BOOL WINAPI trackMenu(HMENU menu, UINT flags, int, int, int, HWND window, const RECT*) {
+BOOL WINAPI trackMenu(HMENU menu, UINT flags, int x, int y, int, HWND window, const RECT*) {
+    menuPoint = {x, y};
     CHECK((flags & TPM_RETURNCMD) != 0);
     HWND const tree = GetDlgItem(window, IDC_VIEWER_TREE);
     highlit = TreeView_GetDropHilight(tree);
@@ -149,6 +166,15 @@ HTREEITEM typeItem(HWND viewer, const std::string& type) {
     HTREEITEM const item = childOf(viewer, rootOf(viewer), type);
     TreeView_Expand(treeOf(viewer), item, TVE_EXPAND);
     return item;
+}
+
+// A point of its label, on the screen.
+POINT placeOf(HWND viewer, HTREEITEM item) {
+    RECT place = {};
+    TreeView_GetItemRect(treeOf(viewer), item, &place, TRUE);
+    POINT point = {place.left + 2, place.top + 2};
+    ClientToScreen(treeOf(viewer), &point);
+    return point;
 }
 
 HTREEITEM select(HWND viewer, HTREEITEM item) {
@@ -237,6 +263,8 @@ struct Viewer : ModuleState {
 }  // namespace
 
 REPLACE_IMPORT(GetSaveFileNameA, 4, getSaveFileName);
+REPLACE_IMPORT(CommDlgExtendedError, 0, saveError);
+REPLACE_IMPORT(GetMessagePos, 0, getMessagePoint);
 REPLACE_IMPORT(TrackPopupMenu, 28, trackMenu);
 
 TEST_CASE_FIXTURE(Viewer, "What has no resources, or no fork, is told once, and no viewer comes up") {
@@ -329,6 +357,9 @@ TEST_CASE_FIXTURE(Viewer, "Details follow the selection when it has rested") {
 }
 
 TEST_CASE_FIXTURE(Viewer, "A resource's contents come up by the button, a double click and the menu") {
+    // Without a display Wine's edit control of several lines breaks at its first text.
+    if (!kHasDisplay) return;
+    HFONT dumpFont = nullptr;
     const auto isLong = [&](HWND contents) {
         CHECK(GetWindow(contents, GW_OWNER) == window);
         CHECK_FALSE(IsWindowEnabled(window));
@@ -349,36 +380,51 @@ TEST_CASE_FIXTURE(Viewer, "A resource's contents come up by the button, a double
         SetFocus(dump);
         CHECK(SendMessageA(dump, EM_GETSEL, 0, 0) == MAKELONG(3, 9));
         LOGFONTA font = {};
-        GetObjectA(GetWindowFont(dump), sizeof font, &font);
+        dumpFont = GetWindowFont(dump);
+        GetObjectA(dumpFont, sizeof font, &font);
         CHECK(font.lfHeight < 0);
         CHECK(font.lfCharSet == ANSI_CHARSET);
         CHECK_FALSE(IsWindowVisible(GetDlgItem(contents, IDC_CONTENTS_PICTURE)));
         CHECK_FALSE(IsWindowVisible(GetDlgItem(contents, IDC_CONTENTS_TEXT)));
         close(contents);
     };
-    CHECK(view("N:\\Letter.txt",
-               {step([](HWND viewer) {
-                    selectResource(viewer, "($636261a9)", "(300)");
-                    press(viewer, IDC_VIEWER_VIEW);
-                }),
-                isLong,
-                [](HWND viewer) {
-                    NMHDR doubleClick = {treeOf(viewer), IDC_VIEWER_TREE, NM_DBLCLK};
-                    // A type has no contents.
-                    select(viewer, childOf(viewer, rootOf(viewer), "STR "));
-                    SendMessageA(viewer, WM_NOTIFY, IDC_VIEWER_TREE, reinterpret_cast<LPARAM>(&doubleClick));
-                    selectResource(viewer, "($636261a9)", "(300)");
-                    SendMessageA(viewer, WM_NOTIFY, IDC_VIEWER_TREE, reinterpret_cast<LPARAM>(&doubleClick));
-                },
-                isLong,
-                [](HWND viewer) {
-                    menuAnswer = IDC_VIEWER_VIEW;
-                    openMenu(viewer);
-                },
-                isLong, close}) == 1);
+    CHECK(view("N:\\Letter.txt", {step([](HWND viewer) {
+                                      selectResource(viewer, "($636261a9)", "(300)");
+                                      press(viewer, IDC_VIEWER_VIEW);
+                                  }),
+                                  isLong,
+                                  [](HWND viewer) {
+                                      NMHDR notification = {treeOf(viewer), IDC_VIEWER_TREE, NM_DBLCLK};
+                                      const auto doubleClick = [&](HTREEITEM item, LONG beside) {
+                                          POINT point = placeOf(viewer, item);
+                                          point.x += beside;
+                                          messagePoint = static_cast<DWORD>(MAKELPARAM(point.x, point.y));
+                                          SendMessageA(viewer, WM_NOTIFY, IDC_VIEWER_TREE,
+                                                       reinterpret_cast<LPARAM>(&notification));
+                                      };
+                                      // A type has no contents; neither has what is beside an item, or is
+                                      // another one.
+                                      doubleClick(select(viewer, childOf(viewer, rootOf(viewer), "STR ")), 0);
+                                      selectResource(viewer, "($636261a9)", "(300)");
+                                      doubleClick(rootOf(viewer), 0);
+                                      HTREEITEM const item = TreeView_GetSelection(treeOf(viewer));
+                                      doubleClick(item, 100);
+                                      doubleClick(item, 0);
+                                  },
+                                  isLong,
+                                  [](HWND viewer) {
+                                      menuAnswer = IDC_VIEWER_VIEW;
+                                      openMenu(viewer);
+                                  },
+                                  isLong,
+                                  [&](HWND viewer) {
+                                      CHECK(GetObjectType(dumpFont) == 0);
+                                      close(viewer);
+                                  }}) == 1);
 }
 
 TEST_CASE_FIXTURE(Viewer, "Contents that are a picture or a text are shown above their dump") {
+    if (!kHasDisplay) return;
     const auto showsAbove = [](HWND contents, int control) {
         HWND const above = GetDlgItem(contents, control);
         CHECK(IsWindowVisible(above));
@@ -479,12 +525,28 @@ TEST_CASE_FIXTURE(Viewer, "A save that fails is told of once; the file itself is
         return errorBox(window, "An error occurred while saving the resource: " + reason);
     };
     const std::string inUse = "Sharing violation.";
-    CHECK(view("N:\\Letter.txt", {saveIn("n:\\LETTER.TXT"), told(inUse), saveIn("F:\\no\\folder"),
-                                  told("Path not found."), step([&](HWND viewer) {
-                                      selectResource(viewer, "STR ", "(5)");
-                                      saveIn("N:\\Letter.txt")(viewer);
-                                  }),
-                                  told(inUse), close}) == 1);
+    const auto failing = [&](DWORD error) {
+        return step([this, error](HWND viewer) {
+            saveDialog.chosen.clear();
+            saveDialogError = error;
+            press(viewer, IDC_VIEWER_SAVE);
+        });
+    };
+    CHECK(view("N:\\Letter.txt",
+               {failing(CDERR_INITIALIZATION), told("General failure."), failing(FNERR_INVALIDFILENAME),
+                [&](HWND box) {
+                    // Asked once more, without a name.
+                    CHECK(saveDialog.times == 3);
+                    CHECK(saveDialog.proposed.empty());
+                    saveDialogError = 0;
+                    press(box, IDOK);
+                },
+                saveIn("n:\\LETTER.TXT"), told(inUse), saveIn("F:\\no\\folder"), told("Path not found."),
+                step([&](HWND viewer) {
+                    selectResource(viewer, "STR ", "(5)");
+                    saveIn("N:\\Letter.txt")(viewer);
+                }),
+                told(inUse), close}) == 1);
     CHECK(readMacFile("N:\\Letter.txt").resource == resourceForkOf(letterResources()));
 }
 
@@ -505,6 +567,7 @@ TEST_CASE_FIXTURE(Viewer,
         CHECK(pc.nothingHeld());
         if (!hit) break;
     }
+    if (!kHasDisplay) return;
     // Viewing: the contents, or one message.
     bool more = true;
     for (int n = 1; more; ++n) {
@@ -536,6 +599,9 @@ TEST_CASE_FIXTURE(Viewer, "The menu of an item has its buttons' commands, other 
                    select(viewer, rootOf(viewer));
                    openMenu(viewer);
                    CHECK(shownMenu == "[&Save As...][-][&What's This?]");
+                   // Right below the item.
+                   if (kHasDisplay) CHECK(menuPoint.x == placeOf(viewer, rootOf(viewer)).x - 2);
+                   if (kHasDisplay) CHECK(menuPoint.y > placeOf(viewer, rootOf(viewer)).y);
                    CHECK(lastHelpCall == HelpCall(treeOf(viewer), "TIDEWELL.HLP", HELP_CONTEXTPOPUP, 50));
                    CHECK(TreeView_GetDropHilight(treeOf(viewer)) == nullptr);
                    selectResource(viewer, "STR ", "(5)");
@@ -552,16 +618,20 @@ TEST_CASE_FIXTURE(Viewer, "The menu of an item has its buttons' commands, other 
                    SendMessageA(viewer, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(button), 0);
                    CHECK(std::get<0>(lastHelpCall) == button);
 
-                   // The buttons are those of the selection, the item is the one that was clicked.
-                   RECT place = {};
-                   TreeView_GetItemRect(treeOf(viewer), rootOf(viewer), &place, TRUE);
-                   POINT point = {place.left + 2, place.top + 2};
-                   ClientToScreen(treeOf(viewer), &point);
+                   // The buttons are those of the selection, the item is the one that was clicked. Items have
+                   // no place without a display.
+                   const POINT point = placeOf(viewer, rootOf(viewer));
                    SendMessageA(viewer, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(treeOf(viewer)),
                                 MAKELPARAM(point.x, point.y));
-                   CHECK(shownMenu == "[&Save As...-][-][&What's This?]");
-                   CHECK(highlit == rootOf(viewer));
+                   if (kHasDisplay) {
+                       CHECK(shownMenu == "[&Save As...-][-][&What's This?]");
+                       CHECK(highlit == rootOf(viewer));
+                   }
 
+                   // The menu of the window is the system's.
+                   lastHelpCall = {};
+                   SendMessageA(viewer, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(viewer), 0);
+                   CHECK(lastHelpCall == HelpCall());
                    SendMessageA(viewer, WM_COMMAND, IDC_VIEWER_HELP, 0);
                    CHECK(lastHelpCall == HelpCall(viewer, "TIDEWELL.HLP", HELP_CONTEXT, 103));
                    HELPINFO request = {
