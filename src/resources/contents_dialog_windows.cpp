@@ -68,7 +68,8 @@ LONG heightOf(HWND control) {
 
 // Shows a control that is hidden in the template above the dump.
 void showAboveDump(HWND dialog, HWND control) {
-    RECT gap = {0, 0, 0, kGap};
+    RECT gap = {};
+    gap.bottom = kGap;
     MapDialogRect(dialog, &gap);
     const LONG room = heightOf(control) + gap.bottom;
     HWND const dump = GetDlgItem(dialog, IDC_CONTENTS_DUMP);

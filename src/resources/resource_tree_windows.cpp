@@ -1,5 +1,6 @@
 #include "resources/resource_tree.h"
 
+#include "base/heap.h"
 #include "module/module_state.h"
 #include "res/resource.h"
 #include "resources/resource_type.h"
@@ -12,8 +13,7 @@ namespace tidewell {
 namespace {
 
 ResourceTreeNode* newNode(ResourceNodeKind kind) {
-    auto* const node = static_cast<ResourceTreeNode*>(
-        HeapAlloc(GetProcessHeap(), HEAP_ZERO_MEMORY, sizeof(ResourceTreeNode)));
+    auto* const node = NewRecord<ResourceTreeNode>();
     if (node) node->kind = kind;
     return node;
 }
@@ -134,7 +134,7 @@ void GetNodeLabel(HWND tree, HTREEITEM item, char* label) {
 }
 
 void FreeNode(LPARAM node) {
-    HeapFree(GetProcessHeap(), 0, reinterpret_cast<void*>(node));
+    DeleteRecord(reinterpret_cast<void*>(node));
 }
 
 }  // namespace tidewell

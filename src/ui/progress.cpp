@@ -1,6 +1,7 @@
 #include "ui/progress.h"
 
 #include "base/error_code.h"
+#include "base/heap.h"
 #include "ui/progress_arithmetic.h"
 #include "ui/user.h"
 
@@ -37,8 +38,7 @@ ProgressDialog* ProgressCreate(HINSTANCE instance, const char* title, HWND owner
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
-    auto* progress =
-        static_cast<ProgressDialog*>(HeapAlloc(GetProcessHeap(), HEAP_ZERO_MEMORY, sizeof(ProgressDialog)));
+    auto* const progress = NewRecord<ProgressDialog>();
     if (!progress) {
         SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return nullptr;
@@ -50,7 +50,7 @@ ProgressDialog* ProgressCreate(HINSTANCE instance, const char* title, HWND owner
         progress->clock = SystemTime100ns();
     if (!display().create(*progress, title, owner)) {
         const ErrorCode error = GetLastError();
-        HeapFree(GetProcessHeap(), 0, progress);
+        DeleteRecord(progress);
         SetLastError(error);
         return nullptr;
     }
@@ -60,7 +60,7 @@ ProgressDialog* ProgressCreate(HINSTANCE instance, const char* title, HWND owner
 void ProgressDestroy(ProgressDialog* progress) {
     if (!progress) return;
     display().destroy(*progress);
-    HeapFree(GetProcessHeap(), 0, progress);
+    DeleteRecord(progress);
 }
 
 LRESULT ProgressSetIcon(ProgressDialog* progress, HICON icon) {

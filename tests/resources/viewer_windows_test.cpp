@@ -28,27 +28,18 @@ namespace {
 
 const Bytes kLong = patternOf(100'000);
 
+const std::string kOddType = std::string(1, '\xA9') + "abc";
+const std::string kHello = std::string(1, '\5') + "Hello";
+
 std::vector<ForkResource> letterResources() {
     return {
         {"vers", 1, "", 0, bytesOf("1.0")},
-        {"STR ",
-         5,
-         {},
-         0x70,
-         bytesOf("\x05"
-                 "Hello")},
-        {"STR ", 128, "b", 0,
-         bytesOf("\x01"
-                 "x")},
+        {"STR ", 5, {}, 0x70, bytesOf(kHello)},
+        {"STR ", 128, "b", 0, bytesOf("x")},
         {"STR ", -1, {}, 0x0C, bytesOf("")},
         {"STR ", 7, "A name of more than 43 characters, all of them seen", 0, bytesOf("")},
         {"ICN#", 128, "Letter", 0x20, Bytes(256, 0xFF)},
-        {std::string("\xA9"
-                     "abc"),
-         300,
-         {},
-         0,
-         kLong},
+        {kOddType, 300, {}, 0, kLong},
     };
 }
 
