@@ -211,6 +211,17 @@ void close(HWND window) {
     press(window, IDOK);
 }
 
+// The controls that Tab reaches, from the tree on.
+std::vector<int> tabOrder(HWND viewer) {
+    std::vector<int> order;
+    HWND control = treeOf(viewer);
+    do {
+        order.push_back(GetDlgCtrlID(control));
+        control = GetNextDlgTabItem(viewer, control, FALSE);
+    } while (control != treeOf(viewer) && order.size() < 20);
+    return order;
+}
+
 // The menu of an item by its key.
 void openMenu(HWND viewer) {
     SendMessageA(viewer, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(treeOf(viewer)), -1);
@@ -326,6 +337,8 @@ TEST_CASE_FIXTURE(Viewer, "Details follow the selection when it has rested") {
 
                    selectResource(viewer, "STR ", "(5)");
                    CHECK(buttonStates(viewer) == "viewsave");
+                   CHECK(tabOrder(viewer) == std::vector<int>{IDC_VIEWER_TREE, IDC_VIEWER_VIEW,
+                                                              IDC_VIEWER_SAVE, IDOK, IDC_VIEWER_HELP});
                    // Nothing of the last item is told of this one.
                    CHECK(detailsOf(viewer) == "-|-|.....");
                    rest(viewer);
@@ -374,10 +387,11 @@ TEST_CASE_FIXTURE(Viewer, "A resource's contents come up by the button, a double
         dumpFont = GetWindowFont(dump);
         GetObjectA(dumpFont, sizeof font, &font);
         CHECK(font.lfHeight < 0);
+        CHECK(font.lfWidth == 0);
         CHECK(font.lfCharSet == ANSI_CHARSET);
         CHECK_FALSE(IsWindowVisible(GetDlgItem(contents, IDC_CONTENTS_PICTURE)));
         CHECK_FALSE(IsWindowVisible(GetDlgItem(contents, IDC_CONTENTS_TEXT)));
-        close(contents);
+        typeKey(dump, VK_ESCAPE);
     };
     CHECK(view("N:\\Letter.txt", {step([](HWND viewer) {
                                       selectResource(viewer, "($636261a9)", "(300)");
@@ -410,6 +424,8 @@ TEST_CASE_FIXTURE(Viewer, "A resource's contents come up by the button, a double
                                   isLong,
                                   [&](HWND viewer) {
                                       CHECK(GetObjectType(dumpFont) == 0);
+                                      CHECK(GetFocus() == treeOf(viewer));
+                                      CHECK(IsWindowEnabled(viewer));
                                       close(viewer);
                                   }}) == 1);
 }
@@ -448,7 +464,7 @@ TEST_CASE_FIXTURE(Viewer, "Contents that are a picture or a text are shown above
                                       CHECK(windowText(GetDlgItem(contents, IDC_CONTENTS_DUMP)) ==
                                             "0000: 0548656c 6c6f                        .Hello");
                                       CHECK(windowText(GetDlgItem(contents, IDC_CONTENTS_SIZE)) == "6 bytes");
-                                      close(contents);
+                                      typeKey(GetFocus(), VK_RETURN);
                                   },
                                   close}) == 1);
 }
