@@ -20,7 +20,8 @@ void blend(const Picture& picture, COLORREF behind, Dot* dots) {
         const Pixel& pixel = pixels[i];
         dots[i] = {mixed(pixel.blue, pixel.alpha, GetBValue(behind)),
                    mixed(pixel.green, pixel.alpha, GetGValue(behind)),
-                   mixed(pixel.red, pixel.alpha, GetRValue(behind)), 0};
+                   mixed(pixel.red, pixel.alpha, GetRValue(behind)),
+                   {}};
     }
 }
 

@@ -67,6 +67,19 @@ BOOL WINAPI getSaveFileName(LPOPENFILENAMEA question) {
     return TRUE;
 }
 
+// The PC finds no long names: those of N: are this one.
+HANDLE WINAPI findFirst(LPCSTR path, LPWIN32_FIND_DATAA found) {
+    if (std::string(path).starts_with("N:\\")) {
+        lstrcpyA(found->cFileName, "Long Letter.txt");
+        return nullptr;
+    }
+    return systemFunction<decltype(&FindFirstFileA)>("kernel32.dll", "FindFirstFileA")(path, found);
+}
+
+BOOL WINAPI findClose(HANDLE search) {
+    return search ? systemFunction<decltype(&FindClose)>("kernel32.dll", "FindClose")(search) : TRUE;
+}
+
 DWORD saveDialogError = 0;
 
 DWORD WINAPI saveError() {
@@ -265,6 +278,8 @@ struct Viewer : ModuleState {
 }  // namespace
 
 REPLACE_IMPORT(GetSaveFileNameA, 4, getSaveFileName);
+REPLACE_IMPORT(FindFirstFileA, 8, findFirst);
+REPLACE_IMPORT(FindClose, 4, findClose);
 REPLACE_IMPORT(CommDlgExtendedError, 0, saveError);
 REPLACE_IMPORT(GetMessagePos, 0, getMessagePoint);
 REPLACE_IMPORT(TrackPopupMenu, 28, trackMenu);
@@ -293,7 +308,7 @@ TEST_CASE_FIXTURE(Viewer,
     const TestWindow owner(CreateWindowExA(0, "STATIC", "owner", WS_POPUP | WS_CAPTION | WS_VISIBLE, 50, 60,
                                            99, 99, nullptr, nullptr, nullptr, nullptr));
     CHECK(view("N:\\Letter.txt", {[&](HWND viewer) {
-                   CHECK(windowText(viewer) == "Tidewell 98 - Letter.txt Resources");
+                   CHECK(windowText(viewer) == "Tidewell 98 - Long Letter.txt Resources");
                    CHECK(GetWindow(viewer, GW_OWNER) == owner);
                    CHECK_FALSE(IsWindowEnabled(owner));
                    CHECK(GetFocus() == treeOf(viewer));
@@ -449,6 +464,7 @@ TEST_CASE_FIXTURE(Viewer, "Contents that are a picture or a text are shown above
                                       CHECK(sizeOf(frameOf(picture)).y == 32);
                                       HDC const dc = GetDC(picture);
                                       if (kHasDisplay) {
+                                          CHECK(GetPixel(dc, 0, 0) == RGB(0, 0, 0));
                                           CHECK(GetPixel(dc, 31, 31) == RGB(0, 0, 0));
                                           CHECK(GetPixel(dc, 32, 31) == GetSysColor(COLOR_3DFACE));
                                       }
@@ -493,11 +509,11 @@ TEST_CASE_FIXTURE(Viewer, "Save As saves a resource's bytes, its dump, or the fo
     CHECK(view("N:\\Letter.txt", {step([&](HWND viewer) {
                    selectResource(viewer, "ICN#", "Letter (128)");
                    save(viewer, "F:\\icon.bin", 1);
-                   checkQuestion(resourceFilters, "", "Letter.txt - resource ICN#Letter");
+                   checkQuestion(resourceFilters, "", "Long Letter.txt - resource ICN#Letter");
                    CHECK(readFile("F:\\icon.bin") == Bytes(256, 0xFF));
                    selectResource(viewer, "STR ", "(-1)");
                    save(viewer, "F:\\icon.bin", 2);  // replaces
-                   checkQuestion(resourceFilters, "", "Letter.txt - resource STR  -0001");
+                   checkQuestion(resourceFilters, "", "Long Letter.txt - resource STR  -0001");
                    CHECK(readFile("F:\\icon.bin") == bytesOf("0000:"));
                    CHECK(pc.journal().countOn("SHChangeNotify", "F:\\icon.bin") == 0);
                    selectResource(viewer, "($636261a9)", "(300)");
@@ -506,7 +522,7 @@ TEST_CASE_FIXTURE(Viewer, "Save As saves a resource's bytes, its dump, or the fo
 
                    select(viewer, rootOf(viewer));
                    save(viewer, "F:\\fork.rsf", 1);
-                   checkQuestion("[Resource fork data (*.rsf)][*.rsf]", "rsf", "Letter_txt");
+                   checkQuestion("[Resource fork data (*.rsf)][*.rsf]", "rsf", "Long Letter_txt");
                    CHECK(readFile("F:\\fork.rsf") == resourceForkOf(letterResources()));
                    CHECK(pc.journal().countOn("SHChangeNotify", "F:\\fork.rsf") == 1);
 
