@@ -137,20 +137,21 @@ void onDestroy(HWND dialog) {
 
 INT_PTR CALLBACK ContentsProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case WM_INITDIALOG: onInit(dialog, *reinterpret_cast<const ContentsRequest*>(lParam)); return TRUE;
+    case WM_INITDIALOG: onInit(dialog, *reinterpret_cast<const ContentsRequest*>(lParam)); break;
     case WM_COMMAND: return onCommand(dialog, LOWORD(wParam), HIWORD(wParam));
     case WM_DRAWITEM:
         DrawPicture(*requestOf(dialog).picture, *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
-        return TRUE;
+        break;
     case WM_CONTEXTMENU:
         // Beside the controls it is the system's.
         if (reinterpret_cast<HWND>(wParam) == dialog) return FALSE;
         ShowContextMenuHelp(reinterpret_cast<HWND>(wParam), ViewerHelpTopics);
-        return TRUE;
-    case WM_HELP: ShowControlHelp(*reinterpret_cast<const HELPINFO*>(lParam), ViewerHelpTopics); return TRUE;
-    case WM_DESTROY: onDestroy(dialog); return TRUE;
+        break;
+    case WM_HELP: ShowControlHelp(*reinterpret_cast<const HELPINFO*>(lParam), ViewerHelpTopics); break;
+    case WM_DESTROY: onDestroy(dialog); break;
+    default: return FALSE;
     }
-    return FALSE;
+    return TRUE;
 }
 
 }  // namespace tidewell

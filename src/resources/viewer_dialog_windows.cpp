@@ -142,16 +142,17 @@ HWND TreeOf(HWND dialog) {
 
 INT_PTR CALLBACK ViewerProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case WM_INITDIALOG: onInit(dialog, lParam); return TRUE;
+    case WM_INITDIALOG: onInit(dialog, lParam); break;
     case WM_COMMAND: return onCommand(dialog, LOWORD(wParam));
     case WM_NOTIFY:
         if (wParam == IDC_VIEWER_TREE) onTreeNotification(dialog, *reinterpret_cast<const NMHDR*>(lParam));
         return FALSE;
-    case WM_TIMER: ShowDetails(dialog, wParam); return TRUE;
+    case WM_TIMER: ShowDetails(dialog, wParam); break;
     case WM_CONTEXTMENU: return ShowItemMenu(dialog, reinterpret_cast<HWND>(wParam), lParam);
-    case WM_HELP: ShowControlHelp(*reinterpret_cast<const HELPINFO*>(lParam), ViewerHelpTopics); return TRUE;
+    case WM_HELP: ShowControlHelp(*reinterpret_cast<const HELPINFO*>(lParam), ViewerHelpTopics); break;
+    default: return FALSE;
     }
-    return FALSE;
+    return TRUE;
 }
 
 }  // namespace tidewell

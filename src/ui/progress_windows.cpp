@@ -84,10 +84,11 @@ INT_PTR CALLBACK progressProcedure(HWND window, UINT message, WPARAM wParam, LPA
     case WM_COMMAND:
         if (LOWORD(wParam) != IDCANCEL) return FALSE;
         progressOf(window).cancelled = 1;
-        return TRUE;
-    case WM_TIMER: onTimer(window, wParam); return TRUE;
+        break;
+    case WM_TIMER: onTimer(window, wParam); break;
+    default: return FALSE;
     }
-    return FALSE;
+    return TRUE;
 }
 
 BOOL create(ProgressDialog& progress, const char* title, HWND owner) {

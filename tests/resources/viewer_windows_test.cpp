@@ -404,6 +404,12 @@ TEST_CASE_FIXTURE(Viewer, "A resource's contents come up by the button, a double
         CHECK(font.lfHeight < 0);
         CHECK(font.lfWidth == 0);
         CHECK(font.lfCharSet == ANSI_CHARSET);
+        HELPINFO request = {sizeof request, HELPINFO_WINDOW, IDC_CONTENTS_DUMP, dump, 0, {}};
+        SendMessageA(contents, WM_HELP, 0, reinterpret_cast<LPARAM>(&request));
+        CHECK((std::get<0>(lastHelpCall) == dump && std::get<2>(lastHelpCall) == HELP_WM_HELP));
+        HWND const label = GetDlgItem(contents, IDC_CONTENTS_SIZE);
+        SendMessageA(contents, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(label), 0);
+        CHECK((std::get<0>(lastHelpCall) == label && std::get<2>(lastHelpCall) == HELP_CONTEXTMENU));
         CHECK_FALSE(IsWindowVisible(GetDlgItem(contents, IDC_CONTENTS_PICTURE)));
         CHECK_FALSE(IsWindowVisible(GetDlgItem(contents, IDC_CONTENTS_TEXT)));
         typeKey(dump, VK_ESCAPE);
@@ -525,6 +531,11 @@ TEST_CASE_FIXTURE(Viewer, "Save As saves a resource's bytes, its dump, or the fo
                    checkQuestion("[Resource fork data (*.rsf)][*.rsf]", "rsf", "Long Letter_txt");
                    CHECK(readFile("F:\\fork.rsf") == resourceForkOf(letterResources()));
                    CHECK(pc.journal().countOn("SHChangeNotify", "F:\\fork.rsf") == 1);
+
+                   menuAnswer = IDC_VIEWER_SAVE;
+                   saveDialog.chosen = "F:\\menu";
+                   openMenu(viewer);
+                   CHECK(readFile("F:\\menu") == resourceForkOf(letterResources()));
 
                    // Cancelled, and not asked for a type.
                    save(viewer, "", 1);
