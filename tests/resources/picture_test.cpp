@@ -13,12 +13,6 @@ using namespace tidewell;
 
 namespace {
 
-ResourceType typeOf(const std::string& code) {
-    ResourceType type;
-    std::copy_n(code.begin(), 4, type.bytes);
-    return type;
-}
-
 Picture decode(const std::string& type, const Bytes& data, const Bytes& mask = {}) {
     return DecodePicture(typeOf(type), data.data(), static_cast<uint32_t>(data.size()),
                          mask.empty() ? nullptr : mask.data(), static_cast<uint32_t>(mask.size()));
@@ -48,7 +42,7 @@ std::string drawing(const Picture& picture) {
 }
 
 Bytes operator+(Bytes bytes, const Bytes& more) {
-    bytes.insert(bytes.end(), more.begin(), more.end());
+    append(bytes, more);
     return bytes;
 }
 

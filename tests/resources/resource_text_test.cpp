@@ -1,10 +1,8 @@
 #include "resources/resource_text.h"
 
-#include "support/test_pc.h"
+#include "support/resource_fork_writer.h"
 
 #include <doctest/doctest.h>
-
-#include <algorithm>
 
 using namespace tidewell;
 
@@ -12,10 +10,8 @@ namespace {
 
 // "(none)" for a resource without text.
 std::string textOf(const std::string& code, const std::string& data) {
-    ResourceType type;
-    std::copy_n(code.begin(), 4, type.bytes);
     const Bytes bytes = bytesOf(data);  // as long as the data, so that a byte too many is noticed
-    const PageBuffer text = ReadResourceText(type, bytes.data(), static_cast<uint32_t>(bytes.size()));
+    const PageBuffer text = ReadResourceText(typeOf(code), bytes.data(), static_cast<uint32_t>(bytes.size()));
     return text ? reinterpret_cast<const char*>(text.data()) : "(none)";
 }
 
