@@ -15,18 +15,6 @@ done
 
 fork_tool() { python3 "$here/resource-fork.py" "$@"; }
 
-# keep FORK NAME: the fork becomes that of the Mac file NAME, of a MacBinary and of a BinHex file.
-keep() {
-    local size
-    size=$(stat -c %s "$1")
-    mac_file make "$2" 10 "$size" TEXT ttxt 0
-    head -c -"$size" "._$2" >double && cat double "$1" >"._$2"
-    mac_file info "$2" 10 "$size" TEXT ttxt 0
-    cp "$1" "$2.rsrc"
-    binhex "$2.info" | sed '1s/.*/(This file must be converted with BinHex 4.0)/' >"$2.hqx"
-    macstream "$2.info" | macsave -b
-}
-
 # listed WHAT ARGS...: the listing for programs has what is in resources.json.
 listed() {
     "$TIDEWELL" resources --json "${@:2}" >listing || fail "$1: $?"
@@ -43,13 +31,18 @@ print(json.dumps([["ICN#", 128, "Application icon", 32, icon],
     ["TEXT", 32767, "n" * 255, 1, "x"], ["TEXT", -32768, "\t\0\1", 8, "y"]]))
 END
 fork_tool make <resources.json >fork
-keep fork Demo
+# It becomes that of a Mac file, of a MacBinary and of a BinHex file.
+size=$(stat -c %s fork)
+mac_file make Demo 10 $size TEXT ttxt 0
+head -c -$size ._Demo >double && cat double fork >._Demo
+mac_file info Demo 10 $size TEXT ttxt 0
+cp fork Demo.rsrc
+binhex Demo.info | sed '1s/.*/(This file must be converted with BinHex 4.0)/' >Demo.hqx
+macstream Demo.info | macsave -b
 listed "the fork itself" --data fork
 for file in Demo Demo.hqx Demo.bin; do
     listed "$file" $file
 done
-cp Demo.hqx DEMO.HQX
-listed "capitals" DEMO.HQX
 mac_file make both.bin 10 0 TEXT ttxt 0
 cat Demo.bin >both.bin
 listed "an archive whose own fork is empty" both.bin
@@ -86,8 +79,6 @@ same_bytes "the fork" out/Demo.rsf fork
 
 # Replacing.
 echo old >out/old
-run resources Demo --fork --replace=no -o out/old
-same "kept" "0 old" "$status $(cat out/old)"
 run resources Demo --fork --replace=yes -o out/old
 same_bytes "replaced" out/old fork
 ln fork out/link

@@ -178,69 +178,53 @@ TEST_CASE("What is no fork is not opened") {
         CHECK(reader.TypeCount() == test.types);
         reader.Close();
     }
-    CHECK(!reader.Open("N:\\nothing"));
-    CHECK(GetLastError() == ERROR_FILE_NOT_FOUND);
     CHECK(pc.nothingHeld());
 }
 
-TEST_CASE("A name is cut to its buffer, or tells why there is none") {
+TEST_CASE("Names and data are read as far as they are wanted, and never more than there is") {
     TestPc pc;
-    Bytes fork =
-        resourceForkOf({{"TEXT", 0, "abcd"}, {"TEXT", 1}, {"TEXT", 2, ""}, {"TEXT", 3}, {"TEXT", 4}});
-    const size_t references = fork.size() - 5 * 12;
-    storeBig(fork, references + 3 * 12 + 2, 2, 0x7FFF);  // behind the end
-    storeBig(fork, references + 4 * 12 + 2, 2, 0x8000);  // before the start
+    Bytes fork = resourceForkOf({{"TEXT", 0, "abcd", 0, patternOf(20)}, {"TEXT", 1, ""}});
+    storeBig(fork, kData + 24, 4, 0xFFFFFFFF);  // the second's data, up to the end of the fork
     ResourceForkReader reader;
     REQUIRE(reader.Open(inMemory(fork)));
-    TypeEntry type;
-    REQUIRE(reader.ReadTypeEntry(0, type));
     const struct {
-        uint16_t index;
+        uint16_t offset;
         unsigned size;
-        const char* text;
+        std::string text;
         ErrorCode error;
-    } cases[] = {
+    } names[] = {
         {0, 300, "abcd", 0},
         {0, 4, "abc", 0},
         {0, 3, "ab", ERROR_BUFFER_OVERFLOW},
         {0, 0, "########", ERROR_INVALID_PARAMETER},
-        {1, 0, "########", NO_ERROR},
-        {2, 8, "########", ERROR_INVALID_DATA},
-        {3, 0, "########", ERROR_HANDLE_EOF},  // read before the buffer is looked at
-        {4, 8, "########", ERROR_NEGATIVE_SEEK},
+        {0xFFFF, 0, "########", NO_ERROR},
+        {5, 8, "########", ERROR_INVALID_DATA},
+        {0x7FFF, 0, "########", ERROR_HANDLE_EOF},  // read before the buffer is looked at
+        {0x8000, 8, "########", ERROR_NEGATIVE_SEEK},
     };
-    for (const auto& test : cases) {
-        CAPTURE(&test - cases);
-        ReferenceEntry entry;
-        REQUIRE(reader.ReadReferenceEntry(type, test.index, entry));
+    for (const auto& test : names) {
+        CAPTURE(&test - names);
+        const ReferenceEntry entry = {0, test.offset, 0, {}, 0};
         char name[] = "########";
         const BOOL read = reader.ReadName(entry, name, test.size);
-        CHECK(read == (test.index == 0 && test.size >= 4));
+        CHECK(read == (test.offset == 0 && test.size >= 4));
         if (!read) CHECK(GetLastError() == test.error);
-        CHECK(std::string(name) == test.text);
+        CHECK(name == test.text);
     }
-}
-
-TEST_CASE("Data is read up to a limit, and never more than there is") {
-    TestPc pc;
-    Bytes fork = resourceForkOf({{"TEXT", 0, {}, 0, patternOf(20)}, {"TEXT", 1}});
-    storeBig(fork, kData + 24, 4, 0xFFFFFFFF);  // of the second, up to the end of the fork
-    ResourceForkReader reader;
-    REQUIRE(reader.Open(inMemory(fork)));
     const auto rest = static_cast<uint32_t>(fork.size() - kData - 28);
     const struct {
         uint8_t offset;
         uint32_t limit, length;
-    } cases[] = {{0, 0, 20},    {0, 7, 7},  {0, 20, 20},         {0, 21, 20},
+    } parts[] = {{0, 0, 20},    {0, 7, 7},  {0, 20, 20},         {0, 21, 20},
                  {24, 0, rest}, {24, 5, 5}, {24, rest + 1, rest}};
-    for (const auto& test : cases) {
-        const ReferenceEntry entry = {0, 0, 0, {0, 0, test.offset}, 0};
-        uint32_t length = test.limit;
+    for (const auto& part : parts) {
+        const ReferenceEntry entry = {0, 0, 0, {0, 0, part.offset}, 0};
+        uint32_t length = part.limit;
         pc.journal().clear();
         const PageBuffer data = reader.ReadData(entry, length);
         REQUIRE(data);
-        CHECK(length == test.length);
-        CHECK(std::memcmp(data.data(), &fork[kData + test.offset + 4], length) == 0);
+        CHECK(length == part.length);
+        CHECK(std::memcmp(data.data(), &fork[kData + part.offset + 4], length) == 0);
         CHECK(pc.journal().text().find("VirtualAlloc  " + std::to_string(length)) != std::string::npos);
     }
 }
