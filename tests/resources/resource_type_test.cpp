@@ -43,7 +43,6 @@ TEST_CASE("A description tells a known type, or the code, and takes no more room
         DWORD size = 100;
     } cases[] = {
         {"DITL", "Item list in a dialog box or an alert box"},
-        {"dITL", "'dITL' resource"},
         {std::string("STR\0", 4), "'STR' resource"},
         {std::string("\t\r\0b", 4), "'\t\r' resource"},
         {"%1%0", "'%1%0' resource"},
@@ -56,7 +55,6 @@ TEST_CASE("A description tells a known type, or the code, and takes no more room
         {"\x1Fzzz", "'($7a7a7a1f)' resource"},
         {"snd ", "Sound", 6},
         {"snd ", "Soun", 5},
-        {"snd ", "", 1},
         {"snd ", "", 0},
         {"abcd", "'abcd' resource", 16},
         {"abcd", "", 15},
