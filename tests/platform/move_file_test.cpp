@@ -34,7 +34,6 @@ TEST_CASE("A file moves with its forks, over no other, and not while one of them
                     {"file", "none\\b", 3},
                     {"file", "\\\\.\\NUL", 2},
                     {"file", "\\\\?\\" + other, 17},
-                    {"file", "Sub", 183},
                     {"file", "Sub\\c", 183},
                     {"Sub", "b", 5},
                     {"file", "left", 183, "NM"},

@@ -2,7 +2,7 @@
 #include "resources/proposed_name.h"
 
 #include "resources/fork_file.h"
-#include "support/test_pc.h"
+#include "support/resource_fork_writer.h"
 
 #include <doctest/doctest.h>
 
@@ -12,9 +12,7 @@ namespace {
 
 std::string forResource(const std::string& file, const char* type, const char* name, int16_t id = 0) {
     char proposal[kPathCapacity];
-    ResourceType code;
-    std::copy_n(type, sizeof code.bytes, code.bytes);
-    ProposeResourceName(file.c_str(), code, name, id, proposal);
+    ProposeResourceName(file.c_str(), typeOf(type), name, id, proposal);
     return proposal;
 }
 

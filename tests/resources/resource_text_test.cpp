@@ -1,10 +1,8 @@
 #include "resources/resource_text.h"
 
-#include "support/test_pc.h"
+#include "support/resource_fork_writer.h"
 
 #include <doctest/doctest.h>
-
-#include <algorithm>
 
 using namespace tidewell;
 
@@ -12,10 +10,8 @@ namespace {
 
 // "(none)" for a resource without text.
 std::string textOf(const std::string& code, const std::string& data) {
-    ResourceType type;
-    std::copy_n(code.begin(), 4, type.bytes);
     const Bytes bytes = bytesOf(data);  // as long as the data, so that a byte too many is noticed
-    const PageBuffer text = ReadResourceText(type, bytes.data(), static_cast<uint32_t>(bytes.size()));
+    const PageBuffer text = ReadResourceText(typeOf(code), bytes.data(), static_cast<uint32_t>(bytes.size()));
     return text ? reinterpret_cast<const char*>(text.data()) : "(none)";
 }
 
@@ -45,6 +41,12 @@ TEST_CASE("Texts and strings of the Mac as Windows shows them") {
         {"STR ", std::string(1, '\0') + "abc", "(none)"},
         {"STR#", std::string("\0\3\2a\r\0\1c", 8), "a\r\n\r\n\r\nc"},
         {"STR#", std::string("\0\0\1a", 4), "(none)"},
+        // Cut: before a length, or before all of its characters or of its count.
+        {"STR ", "\4abc", "(none)"},
+        {"STR ", "", "(none)"},
+        {"STR#", std::string(1, '\0'), "(none)"},
+        {"STR#", std::string("\0\2\1a", 4), "(none)"},
+        {"STR#", std::string("\0\2\1a\2b", 6), "(none)"},
         {"TEXX", "abc", "(none)"},
     };
     for (const auto& row : rows) {
@@ -56,16 +58,6 @@ TEST_CASE("Texts and strings of the Mac as Windows shows them") {
     pc.faults().failMemory(1);
     CHECK(textOf("TEXT", "abc") == "(none)");
     CHECK(pc.nothingHeld());
-}
-
-TEST_CASE("Strings that end before their length are none") {
-    const TestPc pc;
-    const std::pair<std::string, std::string> rows[] = {{"STR ", "\4abcd"}, {"STR#", listOf(300, "ab")}};
-    for (const auto& [type, whole] : rows) {
-        for (size_t size = 0; size < whole.size(); ++size)
-            CHECK_MESSAGE(textOf(type, whole.substr(0, size)) == "(none)", size);
-        CHECK(textOf(type, whole) != "(none)");
-    }
 }
 
 TEST_CASE("A text that an edit control does not hold is cut after a whole character") {

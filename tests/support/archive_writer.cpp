@@ -24,20 +24,20 @@ void storeBig(Bytes& bytes, size_t offset, size_t size, uint32_t value) {
         bytes[offset + i] = static_cast<uint8_t>(value >> 8 * (size - 1 - i));
 }
 
-namespace {
-
 void append(Bytes& to, const Bytes& bytes) {
     to.insert(to.end(), bytes.begin(), bytes.end());
 }
 
+void appendBig(Bytes& to, size_t size, size_t value) {
+    to.resize(to.size() + size);
+    storeBig(to, to.size() - size, size, static_cast<uint32_t>(value));
+}
+
+namespace {
+
 void appendPadded(Bytes& to, const Bytes& bytes) {
     append(to, bytes);
     to.resize((to.size() + 127) / 128 * 128);
-}
-
-void appendBig(Bytes& to, size_t size, uint32_t value) {
-    to.resize(to.size() + size);
-    storeBig(to, to.size() - size, size, value);
 }
 
 void appendSection(Bytes& to, const Bytes& section) {

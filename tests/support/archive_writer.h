@@ -11,6 +11,8 @@
 uint16_t crcOf(const uint8_t* bytes, size_t count);
 uint32_t loadBig(const void* bytes, size_t offset, size_t size = 4);
 void storeBig(Bytes& bytes, size_t offset, size_t size, uint32_t value);
+void append(Bytes& to, const Bytes& bytes);
+void appendBig(Bytes& to, size_t size, size_t value);
 
 struct MacBinaryFile {
     MacFile file = {};

@@ -1,12 +1,16 @@
-// Resource forks for tests and fuzzers, written from the format and not from its reader.
+// Resource forks for tests, written from the format and not from its reader.
 #ifndef TIDEWELL_TESTS_SUPPORT_RESOURCE_FORK_WRITER_H
 #define TIDEWELL_TESTS_SUPPORT_RESOURCE_FORK_WRITER_H
 
+#include "resources/resource_fork.h"
 #include "support/test_pc.h"
 
 #include <optional>
 #include <string>
 #include <vector>
+
+// Of four characters.
+tidewell::ResourceType typeOf(const std::string& code);
 
 struct ForkResource {
     std::string type;  // four characters
@@ -16,9 +20,9 @@ struct ForkResource {
     Bytes data = {};
 };
 
-// Types, and the resources of a type, in the order of the list. The data area begins at 256, as in forks that
-// the Mac writes. Names may take 32 KB. Throws where the format has no room: for types, names and all lists
-// of references but the last of more than 64 KB, for data of more than 16 MB.
+// In the order of the list, in which the resources of a type stand together. The data area begins at 256, as
+// in forks that the Mac writes; the references are the fork's end. For as much as the format has room for: 64
+// KB of types, names and all lists of references but the last, 32 KB of names, 16 MB of data.
 Bytes resourceForkOf(const std::vector<ForkResource>& resources);
 
 #endif
