@@ -301,6 +301,8 @@ TEST_CASE_FIXTURE(Viewer, "What has no resources, or no fork, is told once, and 
                          press(box, IDOK);
                      }},
                      owner));
+    // Without its owner it is not shown either.
+    CHECK_FALSE(view("N:\\Letter.txt", {}, goneWindow()));
 }
 
 TEST_CASE_FIXTURE(Viewer,
