@@ -68,7 +68,7 @@ bool isTerminal(Stream stream);
 // How many characters fit in a line of the terminal.
 unsigned terminalWidth();
 
-// Whether all of the text was taken.
+// Whether all of the text was taken. Gives up waiting for a reader after the interrupt key.
 bool print(Stream stream, const std::string& text);
 
 // A line of the user's input without its end; nothing at the end of the input or after an interrupt.

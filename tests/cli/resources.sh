@@ -135,6 +135,12 @@ for what in "" --json "--type=ICN# --id=128 --hex"; do
     "$TIDEWELL" resources $what Demo >/dev/full 2>/dev/null || status=$?
     same "a full standard output: $what" 1 "$status"
 done
+mkfifo unread
+exec 9<>unread
+status=0
+timeout --preserve-status -s INT -k 5 1 "$TIDEWELL" resources --data --type='BIG ' --id=1 --raw big >unread || status=$?
+same "interrupted while nobody reads" 1 "$status"
+exec 9<&-
 shown=$(script -qec "'$TIDEWELL' resources Demo --type=ICN# --id=128 --raw" /dev/null || true)
 [[ $shown == *"say -o FILE"* ]] || fail "raw on a terminal: $shown"
 
