@@ -88,8 +88,8 @@ int reportResult(const char* done, const std::string& source, const OutputFolder
     if (result.output.empty()) return kAllDone;
     const std::string typed = typedPathOf(folder.typed, tidewell::FileNamePart(result.output.c_str()));
     protect(result.output, typed, "was written a moment ago, from another file");
-    const bool told = print(Stream::output, std::string(done) + " " + shownOn(Stream::output, source) +
-                                                " -> " + shownOn(Stream::output, typed) + "\n");
+    const bool told = printOutput(std::string(done) + " " + shownOn(Stream::output, source) + " -> " +
+                                  shownOn(Stream::output, typed) + "\n");
     return told ? kAllDone : kSomethingFailed;
 }
 

@@ -151,7 +151,7 @@ int exportResource(const ForkSource& source, const Options& options) {
     std::string bytes;
     if (const Failure failure = readResource(source, *type, options.resources, bytes); failure.error != 0)
         return failed(source.typed, failure);
-    if (toOutput) return print(Stream::output, bytes) ? kAllDone : kSomethingFailed;
+    if (toOutput) return printOutput(bytes) ? kAllDone : kSomethingFailed;
     return writeFile(source, options, [&](const char* path) { return makeNewFile(path, bytes); });
 }
 

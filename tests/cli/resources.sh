@@ -130,16 +130,17 @@ for what in "--type=BIG\  --id=1 --raw" --fork; do
     )
     same "half-way: $what" "" "$(ls -A small)"
 done
-for what in "" --json "--type=ICN# --id=128 --hex"; do
+for what in "resources Demo" "resources --json Demo" "resources --type=ICN# --id=128 --hex Demo" "pack -o small Demo fork" \
+    --help --version; do
     status=0
-    "$TIDEWELL" resources $what Demo >/dev/full 2>/dev/null || status=$?
-    same "a full standard output: $what" 1 "$status"
+    "$TIDEWELL" $what >/dev/full 2>full || status=$?
+    same "a full standard output: $what" "1 tidewell: the standard output takes no more" "$status $(grep output full)"
 done
 mkfifo unread
 exec 9<>unread
 status=0
-timeout --preserve-status -s INT -k 5 1 "$TIDEWELL" resources --data --type='BIG ' --id=1 --raw big >unread || status=$?
-same "interrupted while nobody reads" 1 "$status"
+timeout --preserve-status -s INT -k 5 1 "$TIDEWELL" resources --data --type='BIG ' --id=1 --raw big >unread 2>full || status=$?
+same "interrupted while nobody reads" "1 tidewell: cancelled" "$status $(cat full)"
 exec 9<&-
 shown=$(script -qec "'$TIDEWELL' resources Demo --type=ICN# --id=128 --raw" /dev/null || true)
 [[ $shown == *"say -o FILE"* ]] || fail "raw on a terminal: $shown"
