@@ -45,7 +45,7 @@ ErrorCode makeOutput(const OutputFolder& folder, const OutputFile& output, bool 
     if (unfinished.windows.empty()) return ERROR_FILENAME_EXCED_RANGE;
     ErrorCode error = make(unfinished.windows.c_str());
     if (error != 0) return error;
-    error = rename(unfinished.typed, output.typed, mayReplace);
+    error = interrupted() ? ERROR_CANCELLED : rename(unfinished.typed, output.typed, mayReplace);
     if (error != 0) DeleteFileA(unfinished.windows.c_str());
     return error;
 }

@@ -85,8 +85,8 @@ Failure readWhole(ResourceForkReader& reader, const ReferenceEntry& reference, t
     length = 0;
     data = reader.ReadData(reference, length);
     if (!data) return {tidewell::lastError(), {}};
-    return length == wanted ? Failure{}
-                            : Failure{ERROR_HANDLE_EOF, "The resource is damaged: it ends too early."};
+    if (length != wanted) return {ERROR_HANDLE_EOF, "The resource is damaged: it ends too early."};
+    return {interrupted() ? ERROR_CANCELLED : 0U, {}};
 }
 
 Failure hexOf(const tidewell::PageBuffer& data, uint32_t length, std::string& text) {
