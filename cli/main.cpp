@@ -10,6 +10,8 @@
 #include "res/version.h"
 #include "ui/user.h"
 
+#include <new>
+
 namespace {
 
 const tidewell::User kTerminalUser = {&cli::consoleProgress, cli::confirmReplace, [](HWND) {}};
@@ -78,5 +80,11 @@ int run(const std::vector<std::string>& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    return run({argv + 1, argv + argc});
+    try {
+        return run({argv + 1, argv + argc});
+    } catch (const std::bad_alloc&) {
+        cli::endReplacing(false);
+        cli::reportNote("error " + std::to_string(ERROR_NOT_ENOUGH_MEMORY) + ": there is not enough memory");
+        return cli::kSomethingFailed;
+    }
 }

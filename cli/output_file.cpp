@@ -1,5 +1,6 @@
 #include "output_file.h"
 
+#include "new_file.h"
 #include "replace_policy.h"
 
 #include "base/path.h"
@@ -41,12 +42,13 @@ Failure checkReplaceable(const OutputFile& output, bool& existed) {
 
 ErrorCode makeOutput(const OutputFolder& folder, const OutputFile& output, bool mayReplace,
                      const MakeFile& make) {
-    const OutputFile unfinished(folder, freshNameIn(folder.typed));
-    if (unfinished.windows.empty()) return ERROR_FILENAME_EXCED_RANGE;
-    ErrorCode error = make(unfinished.windows.c_str());
+    const OutputFile fresh(folder, freshNameIn(folder.typed));
+    if (fresh.windows.empty()) return ERROR_FILENAME_EXCED_RANGE;
+    ErrorCode error = make(fresh.windows.c_str());
     if (error != 0) return error;
-    error = interrupted() ? ERROR_CANCELLED : rename(unfinished.typed, output.typed, mayReplace);
-    if (error != 0) DeleteFileA(unfinished.windows.c_str());
+    UnfinishedFile unfinished(fresh.windows.c_str());
+    error = interrupted() ? ERROR_CANCELLED : rename(fresh.typed, output.typed, mayReplace);
+    if (error == 0) unfinished.release();
     return error;
 }
 

@@ -136,6 +136,17 @@ for what in "resources Demo" "resources --json Demo" "resources --type=ICN# --id
     "$TIDEWELL" $what >/dev/full 2>full || status=$?
     same "a full standard output: $what" "1 tidewell: the standard output takes no more" "$status $(grep output full)"
 done
+# AddressSanitizer could not begin with so little memory.
+if ! grep -q __asan_init "$TIDEWELL"; then
+    cp big huge
+    perl -pi -e 'BEGIN { $/ = undef } substr($_, 256, 4) = pack("N", 100 << 20)' huge
+    truncate -s 101M huge
+    (
+        ulimit -v 180000
+        run resources --data --type='BIG ' --id=1 --raw -o small/file huge
+        expect "no memory" 1 "" "tidewell: error 8: there is not enough memory"
+    )
+fi
 mkfifo unread
 exec 9<>unread
 status=0
