@@ -34,6 +34,9 @@ std::string identityOf(const std::string& typed);
 // A file name as Windows programs see it.
 std::string windowsNameOf(const std::string& typedName);
 
+// Whether a file of this name, as typed, would be the Mac information of another.
+bool isMacInformation(const std::string& typedName);
+
 // Where the file name of a path begins, as typed.
 size_t fileNameStart(const std::string& typed);
 

@@ -125,6 +125,10 @@ std::string windowsNameOf(const std::string& typedName) {
     return pc::windowsNameOf(typedName);
 }
 
+bool isMacInformation(const std::string& typedName) {
+    return pc::belongsToDriver(typedName);
+}
+
 size_t fileNameStart(const std::string& typed) {
     return typed.rfind('/') + 1;  // 0 without one
 }

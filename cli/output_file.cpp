@@ -66,6 +66,8 @@ Result writeOutput(const OutputFolder& folder, const std::string& name, bool mor
                    tidewell::ProgressDialog* progress, const MakeFile& make) {
     const OutputFile output(folder, name);
     if (output.windows.empty()) return {{ERROR_FILENAME_EXCED_RANGE, {}}, {}};
+    if (isMacInformation(output.typed.substr(fileNameStart(output.typed))))
+        return {{ERROR_ACCESS_DENIED, "The output would be the Mac information of another file."}, {}};
 
     bool existed = false;
     if (const Failure failure = checkReplaceable(output, existed); failure.error != 0) return {failure, {}};

@@ -110,7 +110,7 @@ long=$(printf "x%.0s" {1..250})
 # So deep that a short name fits, and the name that a file has before it is whole does not.
 deep=$long/$(printf "y%.0s" $(seq $((255 - ${#PWD}))))
 mkdir $long $long/$long "$deep"
-for bad in "5 out" "206 $long/$long/$long" "206 $deep/a" "2 nowhere/file" "80 ._Beside" "5 pipe" "5 link" "5 out/."; do
+for bad in "5 out" "206 $long/$long/$long" "206 $deep/a" "2 nowhere/file" "5 ._Beside" "5 ._new" "5 pipe" "5 link" "5 out/."; do
     run resources Demo --fork --replace=yes -o "${bad#* }"
     expect "$bad" 1 "" "tidewell: *: error ${bad% *}: ?*"
 done
