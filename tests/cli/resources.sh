@@ -191,3 +191,9 @@ cp fork over
 perl -pi -e 'BEGIN { $/ = undef } substr($_, -16, 2) = "\xff\xff"' over
 run resources --data --json over
 [[ "$status $messages" == "1 tidewell: over: error 1392: "* ]] || fail "entries behind the end: $status $messages"
+# Lists that overlap, in a fork with room for more.
+echo '[["ONE ", 1, null, 0, ""], ["TWO ", 2, null, 0, ""]]' | fork_tool make >over
+perl -pi -e 'BEGIN { $/ = undef } substr($_, -36, 2) = substr($_, -28, 2) = "\x90\0"' over
+truncate -s 2M over
+run resources --data --json over
+[[ "$status $messages" == "1 tidewell: over: error 1392: "* ]] || fail "lists that overlap: $status $messages"
