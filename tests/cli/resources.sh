@@ -4,7 +4,7 @@
 
 for wrong in "" "a b" "--json --raw a" "--raw a" "--hex --type=TEXT a" "--raw --id=1 a" "--type=TEXT --id=1 a" "--id=1 a" \
     "--json --type=TEXT a" "--fork a" "--json -o b a" "-o b a" "--png=b -o c a" "--png= a" "--raw --type= --id=1 a" \
-    "--raw --type=TEXT --id=32768 a" "--raw --type=TEXT --id=1x a" "--raw --type=TEXT --id= a" "--fast a" "-o"; do
+    "--raw --type=TEXT --id=32768 a" "--raw --type=TEXT --id=1x a" "--raw --type=TEXT --id= a" "--fast a" "-o" "--fork -o b a -o"; do
     run resources $wrong
     expect "'$wrong'" 2 "" "*usage:*"
 done
