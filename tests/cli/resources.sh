@@ -68,7 +68,7 @@ lines=$(grep -an . <<<"$out")
 4:  -16455  Café ?[31m               6 bytes
 5:       5                           8 bytes  system heap, locked, preload
 "* ]] || fail "text: $lines"
-[[ $lines == *"nnnn         1 byte "$'\n'* && $lines == *"  ???  "* ]] || fail "text: $lines"
+[[ $lines == *"nnnn         1 byte "$'\n'* && $lines == *"  ???  "* && $lines == *":0xa9225c00  "* ]] || fail "text: $lines"
 
 # One resource.
 taken() {
