@@ -2,7 +2,7 @@
 #ifndef TIDEWELL_CLI_BUFFERED_OUTPUT_H
 #define TIDEWELL_CLI_BUFFERED_OUTPUT_H
 
-#include "host.h"
+#include "report.h"
 
 #include <string>
 
@@ -19,7 +19,7 @@ class BufferedOutput {
 
     // Returns whether the output has taken everything.
     bool flush() {
-        taken_ = taken_ && print(Stream::output, waiting_);
+        taken_ = taken_ && printOutput(waiting_);
         waiting_.clear();
         return taken_;
     }

@@ -52,8 +52,6 @@ ErrorCode readIntoMemory(ForkBytes& bytes) {
     return error;
 }
 
-}  // namespace
-
 Failure openForkBytes(const ForkSource& source, ForkBytes& bytes) {
     if (Failure failure = checkFile(source.windows); failure.error != 0) return failure;
     const char* const path = source.windows.c_str();
@@ -65,6 +63,8 @@ Failure openForkBytes(const ForkSource& source, ForkBytes& bytes) {
     error = tidewell::OpenArchivedFork(path, bytes);
     return {error, explanationOf(error)};
 }
+
+}  // namespace
 
 Failure openFork(const ForkSource& source, tidewell::ResourceForkReader& reader) {
     ForkBytes bytes;

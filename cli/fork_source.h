@@ -16,10 +16,7 @@ struct ForkSource {
     bool fileIsFork;
 };
 
-// All bytes of the fork. A failure for a file without any.
-Failure openForkBytes(const ForkSource& source, tidewell::ForkBytes& bytes);
-
-// Opens the fork for reading its resources.
+// Opens the fork for reading its resources. A failure for a file without any.
 Failure openFork(const ForkSource& source, tidewell::ResourceForkReader& reader);
 
 }  // namespace cli

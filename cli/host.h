@@ -34,6 +34,9 @@ std::string identityOf(const std::string& typed);
 // A file name as Windows programs see it.
 std::string windowsNameOf(const std::string& typedName);
 
+// Whether a file of this name, as typed, would be the Mac information of another.
+bool isMacInformation(const std::string& typedName);
+
 // Where the file name of a path begins, as typed.
 size_t fileNameStart(const std::string& typed);
 
@@ -68,7 +71,7 @@ bool isTerminal(Stream stream);
 // How many characters fit in a line of the terminal.
 unsigned terminalWidth();
 
-// Whether all of the text was taken.
+// Whether all of the text was taken. Gives up waiting for a reader after the interrupt key.
 bool print(Stream stream, const std::string& text);
 
 // A line of the user's input without its end; nothing at the end of the input or after an interrupt.

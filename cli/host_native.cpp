@@ -58,10 +58,12 @@ int descriptorOf(Stream stream) {
 bool writeAll(int descriptor, const char* bytes, size_t count) {
     while (count > 0) {
         const ssize_t written = write(descriptor, bytes, count);
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
-        bytes += written;
-        count -= static_cast<size_t>(written);
+        if (written == 0 || (written < 0 && errno != EINTR)) return false;
+        const size_t taken = written < 0 ? 0 : static_cast<size_t>(written);
+        bytes += taken;
+        count -= taken;
+        // The interrupt key also ends a write half-way.
+        if (count > 0 && interrupted()) return false;
     }
     return true;
 }
@@ -121,6 +123,10 @@ std::string identityOf(const std::string& typed) {
 
 std::string windowsNameOf(const std::string& typedName) {
     return pc::windowsNameOf(typedName);
+}
+
+bool isMacInformation(const std::string& typedName) {
+    return pc::belongsToDriver(typedName);
 }
 
 size_t fileNameStart(const std::string& typed) {

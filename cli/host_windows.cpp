@@ -99,6 +99,10 @@ std::string windowsNameOf(const std::string& typedName) {
     return typedName;
 }
 
+bool isMacInformation(const std::string& /*typedName*/) {
+    return false;
+}
+
 size_t fileNameStart(const std::string& typed) {
     const char* const text = typed.c_str();
     const char* start = text;

@@ -10,6 +10,8 @@
 #include "res/version.h"
 #include "ui/user.h"
 
+#include <new>
+
 namespace {
 
 const tidewell::User kTerminalUser = {&cli::consoleProgress, cli::confirmReplace, [](HWND) {}};
@@ -51,6 +53,10 @@ constexpr char kHelp[] =
     "Exit status: 0 all done, 1 something failed or was cancelled, 2 wrong use.\n"
     "\n";
 
+int tell(const std::string& text) {
+    return cli::printOutput(text) ? cli::kAllDone : cli::kSomethingFailed;
+}
+
 int run(const std::vector<std::string>& arguments) {
     cli::Options options;
     const std::string wrong = cli::parseOptions(arguments, options);
@@ -65,16 +71,20 @@ int run(const std::vector<std::string>& arguments) {
     case cli::Action::pack: return cli::pack(options);
     case cli::Action::extract: return cli::extract(options);
     case cli::Action::resources: return cli::resources(options);
-    case cli::Action::help:
-        cli::print(cli::Stream::output, std::string(kUsage) + kHelp + cli::macInformationHelp());
-        break;
-    case cli::Action::version: cli::print(cli::Stream::output, "tidewell " TIDEWELL_VERSION "\n"); break;
+    case cli::Action::help: return tell(std::string(kUsage) + kHelp + cli::macInformationHelp());
+    case cli::Action::version: break;
     }
-    return cli::kAllDone;
+    return tell("tidewell " TIDEWELL_VERSION "\n");
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    return run({argv + 1, argv + argc});
+    try {
+        return run({argv + 1, argv + argc});
+    } catch (const std::bad_alloc&) {
+        cli::endReplacing(false);
+        cli::reportNote("error " + std::to_string(ERROR_NOT_ENOUGH_MEMORY) + ": there is not enough memory");
+        return cli::kSomethingFailed;
+    }
 }

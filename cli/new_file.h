@@ -3,11 +3,21 @@
 #define TIDEWELL_CLI_NEW_FILE_H
 
 #include "base/error_code.h"
+#include "base/owned.h"
 
 #include <functional>
 #include <string>
 
 namespace cli {
+
+// The Windows path of a file that is deleted with its owner, also when memory runs out, but not when
+// released.
+struct UnfinishedFileTraits {
+    using Value = const char*;
+    static Value none() noexcept { return nullptr; }
+    static void close(Value path) noexcept { DeleteFileA(path); }
+};
+using UnfinishedFile = tidewell::Owned<UnfinishedFileTraits>;
 
 // Makes the file at a Windows path with what `fill` writes, and has it on the disk; after an error there is
 // none. The system's error, or that of `fill`.

@@ -32,7 +32,7 @@ std::string parseOption(const std::vector<std::string>& arguments, size_t& index
     const bool resources = options.action == Action::resources;
     if (argument == "-o") {
         std::string& output = resources ? options.resources.outputFile : options.outputFolder;
-        if (index + 1 < arguments.size()) output = arguments[++index];
+        output = index + 1 < arguments.size() ? arguments[++index] : "";
         return !output.empty() ? "" : resources ? "-o needs a file" : "-o needs a folder";
     }
     return resources ? parseResourceOption(argument, options.resources) : noSuchOption(argument);

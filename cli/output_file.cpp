@@ -1,5 +1,6 @@
 #include "output_file.h"
 
+#include "new_file.h"
 #include "replace_policy.h"
 
 #include "base/path.h"
@@ -41,12 +42,13 @@ Failure checkReplaceable(const OutputFile& output, bool& existed) {
 
 ErrorCode makeOutput(const OutputFolder& folder, const OutputFile& output, bool mayReplace,
                      const MakeFile& make) {
-    const OutputFile unfinished(folder, freshNameIn(folder.typed));
-    if (unfinished.windows.empty()) return ERROR_FILENAME_EXCED_RANGE;
-    ErrorCode error = make(unfinished.windows.c_str());
+    const OutputFile fresh(folder, freshNameIn(folder.typed));
+    if (fresh.windows.empty()) return ERROR_FILENAME_EXCED_RANGE;
+    ErrorCode error = make(fresh.windows.c_str());
     if (error != 0) return error;
-    error = rename(unfinished.typed, output.typed, mayReplace);
-    if (error != 0) DeleteFileA(unfinished.windows.c_str());
+    UnfinishedFile unfinished(fresh.windows.c_str());
+    error = interrupted() ? ERROR_CANCELLED : rename(fresh.typed, output.typed, mayReplace);
+    if (error == 0) unfinished.release();
     return error;
 }
 
@@ -64,6 +66,8 @@ Result writeOutput(const OutputFolder& folder, const std::string& name, bool mor
                    tidewell::ProgressDialog* progress, const MakeFile& make) {
     const OutputFile output(folder, name);
     if (output.windows.empty()) return {{ERROR_FILENAME_EXCED_RANGE, {}}, {}};
+    if (isMacInformation(output.typed.substr(fileNameStart(output.typed))))
+        return {{ERROR_ACCESS_DENIED, "The output would be the Mac information of another file."}, {}};
 
     bool existed = false;
     if (const Failure failure = checkReplaceable(output, existed); failure.error != 0) return {failure, {}};
@@ -88,8 +92,8 @@ int reportResult(const char* done, const std::string& source, const OutputFolder
     if (result.output.empty()) return kAllDone;
     const std::string typed = typedPathOf(folder.typed, tidewell::FileNamePart(result.output.c_str()));
     protect(result.output, typed, "was written a moment ago, from another file");
-    const bool told = print(Stream::output, std::string(done) + " " + shownOn(Stream::output, source) +
-                                                " -> " + shownOn(Stream::output, typed) + "\n");
+    const bool told = printOutput(std::string(done) + " " + shownOn(Stream::output, source) + " -> " +
+                                  shownOn(Stream::output, typed) + "\n");
     return told ? kAllDone : kSomethingFailed;
 }
 

@@ -46,4 +46,12 @@ void reportNote(const std::string& text) {
     print(Stream::errors, "tidewell: " + text + "\n");
 }
 
+bool printOutput(const std::string& text) {
+    static bool told = false;
+    if (print(Stream::output, text)) return true;
+    if (!told) reportNote(interrupted() ? "cancelled" : "the standard output takes no more");
+    told = true;
+    return false;
+}
+
 }  // namespace cli

@@ -33,6 +33,10 @@ void reportFailure(const std::string& file, const Failure& failure);
 // "tidewell: TEXT"
 void reportNote(const std::string& text);
 
+// Prints to the standard output. Returns whether it took all of the text; the first time it does not, the
+// user is told why.
+bool printOutput(const std::string& text);
+
 }  // namespace cli
 
 #endif

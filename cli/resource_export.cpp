@@ -85,8 +85,8 @@ Failure readWhole(ResourceForkReader& reader, const ReferenceEntry& reference, t
     length = 0;
     data = reader.ReadData(reference, length);
     if (!data) return {tidewell::lastError(), {}};
-    return length == wanted ? Failure{}
-                            : Failure{ERROR_HANDLE_EOF, "The resource is damaged: it ends too early."};
+    if (length != wanted) return {ERROR_HANDLE_EOF, "The resource is damaged: it ends too early."};
+    return {interrupted() ? ERROR_CANCELLED : 0U, {}};
 }
 
 Failure hexOf(const tidewell::PageBuffer& data, uint32_t length, std::string& text) {
@@ -117,16 +117,15 @@ ErrorCode copyFork(tidewell::ForkBytes& fork, HANDLE file) {
     constexpr DWORD kBlock = 64 * 1024;
     const tidewell::PageBuffer buffer = tidewell::PageBuffer::allocate(kBlock);
     if (!buffer) return ERROR_NOT_ENOUGH_MEMORY;
-    uint64_t position = 0;
-    for (;;) {
-        DWORD count = 0;
+    uint64_t size = 0;
+    ErrorCode error = fork.GetSize(size);
+    for (uint64_t position = 0; error == 0 && position < size; position += kBlock) {
+        const auto count = static_cast<DWORD>(std::min<uint64_t>(kBlock, size - position));
         if (interrupted()) return ERROR_CANCELLED;
-        ErrorCode error = fork.ReadAt(position, buffer.data(), kBlock, count);
-        if (error != 0 || count == 0) return error;
-        error = tidewell::WriteWhole(file, buffer.data(), count);
-        if (error != 0) return error;
-        position += count;
+        error = fork.ReadWholeAt(position, buffer.data(), count);
+        if (error == 0) error = tidewell::WriteWhole(file, buffer.data(), count);
     }
+    return error;
 }
 
 }  // namespace
@@ -152,16 +151,16 @@ int exportResource(const ForkSource& source, const Options& options) {
     std::string bytes;
     if (const Failure failure = readResource(source, *type, options.resources, bytes); failure.error != 0)
         return failed(source.typed, failure);
-    if (toOutput) return print(Stream::output, bytes) ? kAllDone : kSomethingFailed;
+    if (toOutput) return printOutput(bytes) ? kAllDone : kSomethingFailed;
     return writeFile(source, options, [&](const char* path) { return makeNewFile(path, bytes); });
 }
 
 int exportFork(const ForkSource& source, const Options& options) {
     ResourceForkReader reader;
-    tidewell::ForkBytes bytes;
-    Failure failure = openFork(source, reader);
-    if (failure.error == 0) failure = openForkBytes(source, bytes);
-    if (failure.error != 0) return failed(source.typed, failure);
+    if (const Failure failure = openFork(source, reader); failure.error != 0)
+        return failed(source.typed, failure);
+    // The very bytes that were found to be a fork, whatever the file has become.
+    tidewell::ForkBytes bytes = reader.TakeBytes();
     return writeFile(source, options, [&](const char* path) {
         return makeNewFile(path, [&](HANDLE file) { return copyFork(bytes, file); });
     });

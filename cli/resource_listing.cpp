@@ -3,9 +3,8 @@
 #include "mac_text.h"
 #include "resource_walk.h"
 
-#include "resources/resource_type.h"
-
 #include <algorithm>
+#include <iterator>
 
 namespace cli {
 
@@ -46,12 +45,25 @@ std::string sizeText(ResourceForkReader& reader, const ReferenceEntry& reference
     return rightAligned(std::to_string(size), kWidth) + (size == 1 ? " byte " : " bytes");
 }
 
+std::string hexOf(const tidewell::ResourceType& type) {
+    constexpr char kDigits[] = "0123456789abcdef";
+    std::string hex;
+    for (const uint8_t byte : type.bytes)
+        hex += {kDigits[byte >> 4], kDigits[byte & 15]};
+    return hex;
+}
+
+// As --type takes it.
+std::string codeOf(const tidewell::ResourceType& type) {
+    const bool shown = std::all_of(std::begin(type.bytes), std::end(type.bytes),
+                                   [](uint8_t byte) { return byte >= ' ' && byte <= '~'; });
+    return shown ? std::string(std::begin(type.bytes), std::end(type.bytes)) : "0x" + hexOf(type);
+}
+
 std::string textOfType(ResourceForkReader& reader, const TypeEntry& type,
                        const std::vector<ReferenceEntry>& all) {
     constexpr size_t kIdWidth = 8;
-    char code[tidewell::kTypeCodeCapacity];
-    tidewell::FormatTypeCode(type.type, code);
-    std::string text = withoutControls(code) + "  " + withoutControls(descriptionOf(type.type)) + "\n";
+    std::string text = codeOf(type.type) + "  " + withoutControls(descriptionOf(type.type)) + "\n";
     std::vector<std::string> names;
     size_t width = kNarrowest;
     for (const ReferenceEntry& reference : all) {
@@ -78,12 +90,8 @@ std::string jsonOfResource(ResourceForkReader& reader, const ReferenceEntry& ref
 
 // What all resources of the type begin with.
 std::string jsonOfType(const tidewell::ResourceType& type) {
-    constexpr char kDigits[] = "0123456789abcdef";
-    std::string hex;
-    for (const uint8_t byte : type.bytes)
-        hex += {kDigits[byte >> 4], kDigits[byte & 15]};
     const std::string mac(reinterpret_cast<const char*>(type.bytes), sizeof type.bytes);
-    return "{\"type\": " + jsonOfMac(mac) + ", \"type_hex\": \"" + hex +
+    return "{\"type\": " + jsonOfMac(mac) + ", \"type_hex\": \"" + hexOf(type) +
            "\", \"description\": " + jsonOfText(descriptionOf(type)) + ", ";
 }
 

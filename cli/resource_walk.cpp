@@ -2,6 +2,7 @@
 
 #include "resources/resource_type.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string_view>
 
@@ -30,8 +31,9 @@ bool readReferences(ResourceForkReader& reader, const TypeEntry& type, std::vect
 }  // namespace
 
 Failure walkResources(ResourceForkReader& reader, const VisitType& visit) {
-    // Entries that overlap could make a small fork list billions.
-    size_t room = reader.ForkSize() / sizeof(ReferenceEntry);
+    // Entries that overlap could make a fork list billions. The last list begins within 64 KB.
+    constexpr size_t kReach = 0xFFFF + 0x10000 * sizeof(ReferenceEntry);
+    size_t room = std::min<size_t>(reader.ForkSize(), kReach) / sizeof(ReferenceEntry);
     bool whole = true;
     std::vector<ReferenceEntry> all;
     for (unsigned i = 0; i < reader.TypeCount(); ++i) {

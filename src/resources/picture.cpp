@@ -124,6 +124,7 @@ Picture ReadPicture(ResourceForkReader& reader, const TypeEntry& type, const Ref
         findResource(reader, format->maskType, reference.id(), maskReference)) {
         maskLength = 2 * format->maskSize();
         mask = reader.ReadData(maskReference, maskLength);
+        if (!mask) return {};
     }
     return DecodePicture(type.type, data.data(), length, mask.data(), maskLength);
 }

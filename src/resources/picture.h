@@ -35,7 +35,7 @@ bool IsPictureType(const ResourceType& type);
 Picture DecodePicture(const ResourceType& type, const uint8_t* data, uint32_t length, const uint8_t* mask,
                       uint32_t maskLength);
 
-// Of a resource of the fork, with the mask that the fork has for it.
+// Of a resource of the fork, with the mask that the fork has for it; empty, too, when either cannot be read.
 Picture ReadPicture(ResourceForkReader& reader, const TypeEntry& type, const ReferenceEntry& reference);
 
 }  // namespace tidewell

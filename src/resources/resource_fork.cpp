@@ -77,6 +77,12 @@ void ResourceForkReader::Close() noexcept {
     SetLastError(error);
 }
 
+ForkBytes ResourceForkReader::TakeBytes() noexcept {
+    ForkBytes bytes = std::move(bytes_);
+    Close();
+    return bytes;
+}
+
 unsigned ResourceForkReader::TypeCount() const noexcept {
     const int lastType = static_cast<int16_t>(static_cast<uint16_t>(map_.lastType));
     return lastType < 0 ? 0 : static_cast<unsigned>(lastType) + 1;

@@ -98,6 +98,9 @@ class ResourceForkReader {
     // Leaves the last error as it is.
     void Close() noexcept;
 
+    // Closes, and gives the caller the bytes of the fork that was open.
+    ForkBytes TakeBytes() noexcept;
+
     // Null for a fork that is not a file.
     const char* Path() const noexcept { return path_; }
 

@@ -5,8 +5,8 @@
 namespace tidewell {
 
 // Puts the file's name as it is stored, in its real case and long form, in place of the last component of
-// `path`, of kPathCapacity bytes. A file keeps the one it has when it cannot be found, or when its stored name has
-// characters that the code page lacks.
+// `path`, of kPathCapacity bytes. A file keeps the one it has when it cannot be found, or when its stored
+// name has characters that the code page lacks.
 void RestoreStoredName(char* path);
 
 }  // namespace tidewell

@@ -4,7 +4,7 @@
 
 for wrong in "" "a b" "--json --raw a" "--raw a" "--hex --type=TEXT a" "--raw --id=1 a" "--type=TEXT --id=1 a" "--id=1 a" \
     "--json --type=TEXT a" "--fork a" "--json -o b a" "-o b a" "--png=b -o c a" "--png= a" "--raw --type= --id=1 a" \
-    "--raw --type=TEXT --id=32768 a" "--raw --type=TEXT --id=1x a" "--raw --type=TEXT --id= a" "--fast a" "-o"; do
+    "--raw --type=TEXT --id=32768 a" "--raw --type=TEXT --id=1x a" "--raw --type=TEXT --id= a" "--fast a" "-o" "--fork -o b a -o"; do
     run resources $wrong
     expect "'$wrong'" 2 "" "*usage:*"
 done
@@ -56,7 +56,7 @@ lines=$(grep -an . <<<"$out")
 4:  -16455  Café ?[31m               6 bytes
 5:       5                           8 bytes  system heap, locked, preload
 "* ]] || fail "text: $lines"
-[[ $lines == *"nnnn         1 byte "$'\n'* && $lines == *"  ???  "* ]] || fail "text: $lines"
+[[ $lines == *"nnnn         1 byte "$'\n'* && $lines == *"  ???  "* && $lines == *":0xa9225c00  "* ]] || fail "text: $lines"
 
 # One resource.
 taken() {
@@ -94,7 +94,7 @@ long=$(printf "x%.0s" {1..250})
 # So deep that a short name fits, and the name that a file has before it is whole does not.
 deep=$long/$(printf "y%.0s" $(seq $((255 - ${#PWD}))))
 mkdir $long $long/$long "$deep"
-for bad in "5 out" "206 $long/$long/$long" "206 $deep/a" "2 nowhere/file" "80 ._Beside" "5 pipe" "5 link" "5 out/."; do
+for bad in "5 out" "206 $long/$long/$long" "206 $deep/a" "2 nowhere/file" "5 ._Beside" "5 ._new" "5 pipe" "5 link" "5 out/."; do
     run resources Demo --fork --replace=yes -o "${bad#* }"
     expect "$bad" 1 "" "tidewell: *: error ${bad% *}: ?*"
 done
@@ -114,11 +114,29 @@ for what in "--type=BIG\  --id=1 --raw" --fork; do
     )
     same "half-way: $what" "" "$(ls -A small)"
 done
-for what in "" --json "--type=ICN# --id=128 --hex"; do
+for what in "resources Demo" "resources --json Demo" "resources --type=ICN# --id=128 --hex Demo" "pack -o small Demo fork" \
+    --help --version; do
     status=0
-    "$TIDEWELL" resources $what Demo >/dev/full 2>/dev/null || status=$?
-    same "a full standard output: $what" 1 "$status"
+    "$TIDEWELL" $what >/dev/full 2>full || status=$?
+    same "a full standard output: $what" "1 tidewell: the standard output takes no more" "$status $(grep output full)"
 done
+# AddressSanitizer could not begin with so little memory.
+if ! grep -q __asan_init "$TIDEWELL"; then
+    cp big huge
+    perl -pi -e 'BEGIN { $/ = undef } substr($_, 256, 4) = pack("N", 100 << 20)' huge
+    truncate -s 101M huge
+    (
+        ulimit -v 180000
+        run resources --data --type='BIG ' --id=1 --raw -o small/file huge
+        expect "no memory" 1 "" "tidewell: error 8: there is not enough memory"
+    )
+fi
+mkfifo unread
+exec 9<>unread
+status=0
+timeout --preserve-status -s INT -k 5 1 "$TIDEWELL" resources --data --type='BIG ' --id=1 --raw big >unread 2>full || status=$?
+same "interrupted while nobody reads" "1 tidewell: cancelled" "$status $(cat full)"
+exec 9<&-
 shown=$(script -qec "'$TIDEWELL' resources Demo --type=ICN# --id=128 --raw" /dev/null || true)
 [[ $shown == *"say -o FILE"* ]] || fail "raw on a terminal: $shown"
 
@@ -158,3 +176,9 @@ cp fork over
 perl -pi -e 'BEGIN { $/ = undef } substr($_, -16, 2) = "\xff\xff"' over
 run resources --data --json over
 [[ "$status $messages" == "1 tidewell: over: error 1392: "* ]] || fail "entries behind the end: $status $messages"
+# Lists that overlap, in a fork with room for more.
+echo '[["ONE ", 1, null, 0, ""], ["TWO ", 2, null, 0, ""]]' | fork_tool make >over
+perl -pi -e 'BEGIN { $/ = undef } substr($_, -36, 2) = substr($_, -28, 2) = "\x90\0"' over
+truncate -s 2M over
+run resources --data --json over
+[[ "$status $messages" == "1 tidewell: over: error 1392: "* ]] || fail "lists that overlap: $status $messages"
