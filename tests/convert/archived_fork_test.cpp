@@ -21,7 +21,7 @@ Answer answerOf(const std::string& path) {
     Answer answer = {OpenArchivedFork(path.c_str(), fork)};
     CHECK(static_cast<bool>(fork) == (answer.error == 0));
     if (answer.error == 0) answer.error = fork.GetSize(size);
-    answer.fork.resize(size);
+    answer.fork.resize(static_cast<size_t>(size));
     if (answer.error == 0)
         answer.error = fork.ReadWholeAt(0, answer.fork.data(), static_cast<DWORD>(answer.fork.size()));
     return answer.error == 0 ? answer : Answer{answer.error};
