@@ -33,7 +33,7 @@ Result runOne(Batch& batch, const Command& command, const Source& source) {
     // Two processes must not write to one file, each a fork of it.
     std::optional<FolderLock> lock;
     if (command.writesInPlace) lock.emplace(batch.folder.typed);
-    const Result result = command.run(batch, source);
+    Result result = command.run(batch, source);
     endReplacing(result.failure.error == 0);
     return result;
 }

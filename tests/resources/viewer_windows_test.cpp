@@ -13,6 +13,7 @@
 
 #include <cderr.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,14 @@ const Bytes kLong = patternOf(100'000);
 const std::string kOddType = std::string(1, '\xA9') + "abc";
 const std::string kHello = std::string(1, '\5') + "Hello";
 
+// Black, but for a row that is not there and a white one.
+Bytes icon() {
+    Bytes bytes(256, 0xFF);
+    std::fill_n(&bytes[30 * 4], 8, uint8_t{0});
+    std::fill_n(&bytes[128 + 30 * 4], 4, uint8_t{0});
+    return bytes;
+}
+
 std::vector<ForkResource> letterResources() {
     return {
         {"vers", 1, "", 0, bytesOf("1.0")},
@@ -32,7 +41,7 @@ std::vector<ForkResource> letterResources() {
         {"STR ", 128, "b", 0, bytesOf("x")},
         {"STR ", -1, {}, 0x0C, bytesOf("")},
         {"STR ", 7, "A name of more than 43 characters, all of them seen", 0, bytesOf("")},
-        {"ICN#", 128, "Letter", 0x20, Bytes(256, 0xFF)},
+        {"ICN#", 128, "Letter", 0x20, icon()},
         {kOddType, 300, {}, 0, kLong},
     };
 }
@@ -258,7 +267,8 @@ TEST_CASE_FIXTURE(Viewer, "Contents that are a picture or a text are shown above
                                       HDC const dc = GetDC(picture);
                                       if (kHasDisplay) {
                                           CHECK(GetPixel(dc, 0, 0) == RGB(0, 0, 0));
-                                          CHECK(GetPixel(dc, 31, 31) == RGB(0, 0, 0));
+                                          CHECK(GetPixel(dc, 31, 30) == GetSysColor(COLOR_3DFACE));
+                                          CHECK(GetPixel(dc, 31, 31) == RGB(255, 255, 255));
                                           CHECK(GetPixel(dc, 32, 31) == GetSysColor(COLOR_3DFACE));
                                       }
                                       ReleaseDC(picture, dc);
@@ -303,7 +313,7 @@ TEST_CASE_FIXTURE(Viewer, "Save As saves a resource's bytes, its dump, or the fo
                    selectResource(viewer, "ICN#", "Letter (128)");
                    save(viewer, "F:\\icon.bin", 1);
                    checkQuestion(resourceFilters, "", "Long Letter.txt - resource ICN#Letter");
-                   CHECK(readFile("F:\\icon.bin") == Bytes(256, 0xFF));
+                   CHECK(readFile("F:\\icon.bin") == icon());
                    selectResource(viewer, "STR ", "(-1)");
                    save(viewer, "F:\\icon.bin", 2);  // replaces
                    checkQuestion(resourceFilters, "", "Long Letter.txt - resource STR  -0001");
