@@ -65,10 +65,6 @@ void insertResource(HWND tree, ItemPlace& place, ResourceForkReader& reader,
     insert(tree, place, label, node);
 }
 
-int compareNumbers(int a, int b) {
-    return a < b ? -1 : a > b ? 1 : 0;
-}
-
 int CALLBACK compareNodes(LPARAM a, LPARAM b, LPARAM /*unused*/) {
     const auto& first = *reinterpret_cast<const ResourceTreeNode*>(a);
     const auto& second = *reinterpret_cast<const ResourceTreeNode*>(b);
@@ -76,7 +72,7 @@ int CALLBACK compareNodes(LPARAM a, LPARAM b, LPARAM /*unused*/) {
     const bool secondNamed = *second.name != '\0';
     if (firstNamed != secondNamed) return firstNamed ? 1 : -1;
     const int names = firstNamed ? lstrcmpiA(first.name, second.name) : 0;
-    return names != 0 ? names : compareNumbers(first.reference.id(), second.reference.id());
+    return names != 0 ? names : first.reference.id() - second.reference.id();
 }
 
 }  // namespace
