@@ -109,11 +109,12 @@ void onInit(HWND dialog, const Question& question) {
 
 INT_PTR CALLBACK confirmProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case WM_INITDIALOG: onInit(dialog, *reinterpret_cast<const Question*>(lParam)); return TRUE;
-    case WM_COMMAND: EndDialog(dialog, LOWORD(wParam)); return TRUE;
-    case WM_CLOSE: EndDialog(dialog, IDCANCEL); return TRUE;
+    case WM_INITDIALOG: onInit(dialog, *reinterpret_cast<const Question*>(lParam)); break;
+    case WM_COMMAND: EndDialog(dialog, LOWORD(wParam)); break;
+    case WM_CLOSE: EndDialog(dialog, IDCANCEL); break;
+    default: return FALSE;
     }
-    return FALSE;
+    return TRUE;
 }
 
 }  // namespace

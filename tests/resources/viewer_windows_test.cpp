@@ -34,6 +34,26 @@ Bytes icon() {
     return bytes;
 }
 
+// A 'cicn' of one colour, 8 by 300.
+Bytes tallIcon() {
+    constexpr size_t kHeight = 300;
+    constexpr size_t kRows = 2 * kHeight;  // bytes of a bitmap
+    Bytes bytes(82 + 2 * kRows + 8 + 8 + kRows);
+    const auto put = [&](size_t at, unsigned value) {
+        bytes[at] = static_cast<uint8_t>(value >> 8);
+        bytes[at + 1] = static_cast<uint8_t>(value);
+    };
+    for (const size_t map : {0, 50, 64}) {
+        put(map + 4, map == 0 ? 0x8002 : 2);  // bytes of a row
+        put(map + 10, kHeight);
+        put(map + 12, 8);
+    }
+    put(32, 1);  // bits of a pixel
+    put(34, 1);
+    put(36, 1);
+    return bytes;
+}
+
 std::vector<ForkResource> letterResources() {
     return {
         {"vers", 1, "", 0, bytesOf("1.0")},
@@ -43,6 +63,7 @@ std::vector<ForkResource> letterResources() {
         {"STR ", 7, "A name of more than 43 characters, all of them seen", 0, bytesOf("")},
         {"ICN#", 128, "Letter", 0x20, icon()},
         {kOddType, 300, {}, 0, kLong},
+        {"cicn", 7, {}, 0, tallIcon()},
     };
 }
 
@@ -120,7 +141,7 @@ TEST_CASE_FIXTURE(Viewer,
                    CHECK(frame.top == origin.y + 35 + inside.y - frame.top + 1);
 
                    CHECK(labelOf(viewer, rootOf(viewer)) == "Resource fork");
-                   CHECK(childrenOf(viewer, rootOf(viewer)) == "[($636261a9)][ICN#][STR ][vers]");
+                   CHECK(childrenOf(viewer, rootOf(viewer)) == "[($636261a9)][cicn][ICN#][STR ][vers]");
                    HTREEITEM const strings = childOf(viewer, rootOf(viewer), "STR ");
                    CHECK(childrenOf(viewer, strings).empty());
                    for (int i = 0; i < 2; ++i) {
@@ -143,7 +164,7 @@ TEST_CASE_FIXTURE(Viewer, "Details follow the selection when it has rested") {
                    CHECK(buttonStates(viewer) == "save");
                    rest(viewer);
                    const std::string forkSize = windowText(GetDlgItem(viewer, IDC_VIEWER_SIZE));
-                   CHECK(forkSize.starts_with("98"));
+                   CHECK(forkSize.starts_with("1"));
                    CHECK(detailsOf(viewer) == "Resource fork|" + forkSize + "|-.....");
 
                    selectResource(viewer, "STR ", "(5)");
@@ -272,6 +293,20 @@ TEST_CASE_FIXTURE(Viewer, "Contents that are a picture or a text are shown above
                                           CHECK(GetPixel(dc, 32, 31) == GetSysColor(COLOR_3DFACE));
                                       }
                                       ReleaseDC(picture, dc);
+                                      close(contents);
+                                  },
+                                  [](HWND viewer) {
+                                      selectResource(viewer, "cicn", "(7)");
+                                      press(viewer, IDC_VIEWER_VIEW);
+                                  },
+                                  [&](HWND contents) {
+                                      // The dump keeps its half.
+                                      const LONG height =
+                                          sizeOf(frameOf(showsAbove(contents, IDC_CONTENTS_PICTURE))).y;
+                                      const LONG dump =
+                                          sizeOf(frameOf(GetDlgItem(contents, IDC_CONTENTS_DUMP))).y;
+                                      CHECK(height < 300);
+                                      CHECK((height - dump < 12 && dump <= height));
                                       close(contents);
                                   },
                                   [](HWND viewer) {
