@@ -416,13 +416,19 @@ TEST_CASE_FIXTURE(Viewer, "A save that fails is told of once; the file itself is
     CHECK(readMacFile("N:\\Letter.txt").resource == resourceForkOf(letterResources()));
 }
 
-TEST_CASE_FIXTURE(Viewer,
-                  "Every call fails in turn: what cannot be shown is told once, and the viewer stays") {
+TEST_CASE_FIXTURE(
+    Viewer, "Every call fails, once or for good: what cannot be shown is told once, and the viewer stays") {
+    const auto fail = [&](int n, bool forGood) {
+        if (forGood)
+            pc.faults().failFromCall(n, ERROR_CRC);
+        else
+            pc.faults().failCall(n, ERROR_CRC);
+    };
     // Opening: the viewer, or one message.
-    for (int n = 1;; ++n) {
+    for (int n = 0;; ++n) {
         int viewers = 0;
         CAPTURE(n);
-        pc.faults().failCall(n, ERROR_CRC);
+        fail(n / 2 + 1, n % 2 != 0);
         const BOOL shown = view("N:\\Letter.txt", {[&](HWND came) {
                                     viewers += GetDlgItem(came, IDC_VIEWER_TREE) != nullptr ? 1 : 0;
                                     press(came, IDOK);
@@ -436,12 +442,12 @@ TEST_CASE_FIXTURE(Viewer,
     if (!kHasDisplay) return;
     // Viewing: the contents, or one message.
     bool more = true;
-    for (int n = 1; more; ++n) {
+    for (int n = 0; more; ++n) {
         CAPTURE(n);
         const auto begin = [&](HWND viewer) {
             window = viewer;
             selectResource(viewer, "STR ", "(5)");
-            pc.faults().failCall(n, ERROR_CRC);
+            fail(n / 2 + 1, n % 2 != 0);
             press(viewer, IDC_VIEWER_VIEW);
         };
         const auto came = [&](HWND box) {
