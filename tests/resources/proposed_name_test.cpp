@@ -33,6 +33,7 @@ std::string fileOf(const std::string& forkPath) {
 TEST_CASE("A proposed name tells the file and the resource, and is one that Windows takes") {
     TestPc pc;
     CHECK(forResource("Letter.txt", "STR ", nullptr, 128) == "Letter.txt - resource STR  00128");
+    CHECK(forResource("Letter", "STR ", nullptr, 0) == "Letter - resource STR  00000");
     CHECK(forResource("Letter", "STR ", nullptr, -128) == "Letter - resource STR  -0128");
     CHECK(forResource("Letter", "STR ", nullptr, -32768) == "Letter - resource STR  -32768");
     CHECK(forResource("Letter", "a/b:", "Read\r<me>?") == "Letter - resource a_b_Read__me__");
@@ -40,7 +41,7 @@ TEST_CASE("A proposed name tells the file and the resource, and is one that Wind
     // Of long names each keeps a part, and what tells the resource stays.
     CHECK(forResource(std::string(250, 'x'), "STR ", nullptr, 5) ==
           std::string(232, 'x') + " - resource STR  00005");
-    const std::string both = forResource(std::string(250, 'x'), "STR ", std::string(250, 'y').c_str());
+    const std::string both = forResource(std::string(250, 'x'), "STR ", std::string(255, 'y').c_str());
     CHECK(both == std::string(85, 'x') + " - resource STR " + std::string(153, 'y'));
     CHECK(forFork("a.b.txt") == "a_b_txt");
     CHECK(forFork("con.txt") == "con_txt");

@@ -314,7 +314,10 @@ TEST_CASE_FIXTURE(Viewer, "Contents that are a picture or a text are shown above
                                       press(viewer, IDC_VIEWER_VIEW);
                                   },
                                   [&](HWND contents) {
-                                      CHECK(windowText(showsAbove(contents, IDC_CONTENTS_TEXT)) == "Hello");
+                                      HWND const text = showsAbove(contents, IDC_CONTENTS_TEXT);
+                                      CHECK(windowText(text) == "Hello");
+                                      CHECK(GetFocus() == text);
+                                      CHECK(SendMessageA(text, EM_GETSEL, 0, 0) == 0);
                                       CHECK(windowText(GetDlgItem(contents, IDC_CONTENTS_DUMP)) ==
                                             "0000: 0548656c 6c6f                        .Hello");
                                       CHECK(windowText(GetDlgItem(contents, IDC_CONTENTS_SIZE)) == "6 bytes");
