@@ -113,6 +113,7 @@ TEST_CASE_FIXTURE(Viewer, "What has no resources, or no fork, is told once, and 
     CHECK_FALSE(view("N:\\Damaged", {[&](HWND box) {
                          CHECK(labelTexts(box).starts_with("An error occurred while opening 'Damaged': "));
                          CHECK(GetWindow(box, GW_OWNER) == none);
+                         CHECK(iconOf(box) == LoadIconA(nullptr, IDI_HAND));
                          press(box, IDOK);
                      }},
                      owner));
