@@ -60,6 +60,7 @@ std::vector<ForkResource> letterResources() {
         {"STR ", 5, {}, 0x70, bytesOf(kHello)},
         {"STR ", 128, "b", 0, bytesOf("x")},
         {"STR ", -1, {}, 0x0C, bytesOf("")},
+        {"STR ", 3, {}, 0, bytesOf("")},
         {"STR ", 7, "A name of more than 43 characters, all of them seen", 0, bytesOf("")},
         {"ICN#", 128, "Letter", 0x20, icon()},
         {kOddType, 300, {}, 0, kLong},
@@ -149,7 +150,7 @@ TEST_CASE_FIXTURE(Viewer,
                        TreeView_Expand(treeOf(viewer), strings, TVE_TOGGLE);
                        TreeView_Expand(treeOf(viewer), strings, TVE_TOGGLE);
                        CHECK(childrenOf(viewer, strings) ==
-                             "[(-1)][(5)][A name of more than 43 characters, all of t (7)][b (128)]");
+                             "[(-1)][(3)][(5)][A name of more than 43 characters, all of t (7)][b (128)]");
                    }
                    // A name of no characters is none.
                    CHECK(childrenOf(viewer, typeItem(viewer, "vers")) == "[(1)]");
@@ -183,7 +184,7 @@ TEST_CASE_FIXTURE(Viewer, "Details follow the selection when it has rested") {
                    select(viewer, childOf(viewer, rootOf(viewer), "STR "));
                    CHECK(buttonStates(viewer).empty());
                    rest(viewer);
-                   CHECK(detailsOf(viewer) == "String|4 resource(s)|-.....");
+                   CHECK(detailsOf(viewer) == "String|5 resource(s)|-.....");
                    select(viewer, childOf(viewer, rootOf(viewer), "($636261a9)"));
                    rest(viewer);
                    CHECK(detailsOf(viewer) == "'($636261a9)' resource|1 resource(s)|-.....");
@@ -496,6 +497,7 @@ TEST_CASE_FIXTURE(Viewer, "The menu of an item has its buttons' commands, other 
 
                    // The buttons are those of the selection, the item is the one that was clicked. Items have
                    // no place without a display.
+                   TreeView_EnsureVisible(treeOf(viewer), rootOf(viewer));
                    const POINT point = placeOf(viewer, rootOf(viewer));
                    SendMessageA(viewer, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(treeOf(viewer)),
                                 MAKELPARAM(point.x, point.y));
