@@ -50,10 +50,8 @@ Failure checkFile(const std::string& windowsPath) {
 int runBatch(const Options& options, const Command& command) {
     Batch batch;
     const Failure failure = findOutputFolder(options.outputFolder, batch.folder);
-    if (failure.error != 0) {
-        reportFailure(options.outputFolder.empty() ? "." : options.outputFolder, failure);
-        return kSomethingFailed;
-    }
+    if (failure.error != 0)
+        return reportFailure(options.outputFolder.empty() ? "." : options.outputFolder, failure);
     std::vector<Source> sources;
     uint64_t total = 0;
     for (const std::string& file : options.files) {

@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <iterator>
 
 namespace cli {
 
@@ -15,15 +14,10 @@ bool isControl(char16_t unit) {
     return unit < ' ' || unit == 0x7F;
 }
 
-char16_t unitOfMac(char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return byte < 0x80 ? char16_t{byte} : tidewell::kMacRomanUpperHalf[byte - 0x80];
-}
-
 std::u16string unitsOfMac(const std::string& mac) {
     std::u16string units;
     for (const char c : mac)
-        units += unitOfMac(c);
+        units += tidewell::UnitOfMacRoman(static_cast<uint8_t>(c));
     return units;
 }
 
@@ -74,12 +68,11 @@ std::string textOfMac(const std::string& mac) {
 }
 
 std::optional<std::string> macOfTyped(const std::string& typed) {
-    constexpr auto& kUpperHalf = tidewell::kMacRomanUpperHalf;
     std::string mac;
     for (const char16_t unit : unitsOfText(typed)) {
-        const auto* const found = std::find(std::begin(kUpperHalf), std::end(kUpperHalf), unit);
-        if (unit >= 0x80 && found == std::end(kUpperHalf)) return std::nullopt;
-        mac += static_cast<char>(unit < 0x80 ? unit : 0x80 + (found - std::begin(kUpperHalf)));
+        uint8_t byte = 0;
+        if (!tidewell::MacRomanOfUnit(unit, byte)) return std::nullopt;
+        mac += static_cast<char>(byte);
     }
     return mac;
 }

@@ -85,10 +85,7 @@ Result writeOutput(const OutputFolder& folder, const std::string& name, bool mor
 
 int reportResult(const char* done, const std::string& source, const OutputFolder& folder,
                  const Result& result) {
-    if (result.failure.error != 0) {
-        reportFailure(source, result.failure);
-        return kSomethingFailed;
-    }
+    if (result.failure.error != 0) return reportFailure(source, result.failure);
     if (result.output.empty()) return kAllDone;
     const std::string typed = typedPathOf(folder.typed, tidewell::FileNamePart(result.output.c_str()));
     protect(result.output, typed, "was written a moment ago, from another file");

@@ -55,9 +55,7 @@ int writePictures(const ForkSource& source, tidewell::ResourceForkReader& reader
                                [&](const ReferenceEntry& reference) { return write(type, reference); });
         });
     if (failure.error == 0) failure = stopped;
-    if (failure.error == 0) return status;
-    reportFailure(source.typed, failure);
-    return kSomethingFailed;
+    return failure.error == 0 ? status : reportFailure(source.typed, failure);
 }
 
 }  // namespace
@@ -68,16 +66,12 @@ int exportPictures(const ForkSource& source, const Options& options) {
         return kWrongUse;
     }
     tidewell::ResourceForkReader reader;
-    if (const Failure failure = openFork(source, reader); failure.error != 0) {
-        reportFailure(source.typed, failure);
-        return kSomethingFailed;
-    }
+    if (const Failure failure = openFork(source, reader); failure.error != 0)
+        return reportFailure(source.typed, failure);
     const std::string& typedFolder = options.resources.pictureFolder;
     OutputFolder folder;
-    if (const Failure failure = beginOutputs(source, options, typedFolder, folder); failure.error != 0) {
-        reportFailure(typedFolder, failure);
-        return kSomethingFailed;
-    }
+    if (const Failure failure = beginOutputs(source, options, typedFolder, folder); failure.error != 0)
+        return reportFailure(typedFolder, failure);
     return writePictures(source, reader, folder);
 }
 

@@ -36,10 +36,12 @@ std::string shownOn(Stream stream, const std::string& name) {
     return isTerminal(stream) ? withoutControls(name) : name;
 }
 
-void reportFailure(const std::string& file, const Failure& failure) {
-    if (failure.error == ERROR_CANCELLED) return reportNote("cancelled");
-    reportNote(shownOn(Stream::errors, file) + ": error " + std::to_string(failure.error) + ": " +
-               (failure.text.empty() ? systemText(failure.error) : failure.text));
+int reportFailure(const std::string& file, const Failure& failure) {
+    reportNote(failure.error == ERROR_CANCELLED
+                   ? "cancelled"
+                   : shownOn(Stream::errors, file) + ": error " + std::to_string(failure.error) + ": " +
+                         (failure.text.empty() ? systemText(failure.error) : failure.text));
+    return kSomethingFailed;
 }
 
 void reportNote(const std::string& text) {

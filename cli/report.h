@@ -27,8 +27,8 @@ std::string withoutControls(const std::string& text);
 // A name as the stream may show it: to a terminal go no control characters, which could take it over.
 std::string shownOn(Stream stream, const std::string& name);
 
-// "tidewell: FILE: error N: TEXT", or "tidewell: cancelled"
-void reportFailure(const std::string& file, const Failure& failure);
+// "tidewell: FILE: error N: TEXT", or "tidewell: cancelled". Returns kSomethingFailed.
+int reportFailure(const std::string& file, const Failure& failure);
 
 // "tidewell: TEXT"
 void reportNote(const std::string& text);

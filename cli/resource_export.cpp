@@ -41,11 +41,6 @@ std::optional<ResourceType> typeOfTyped(const std::string& typed) {
     return type;
 }
 
-int failed(const std::string& file, const Failure& failure) {
-    reportFailure(file, failure);
-    return kSomethingFailed;
-}
-
 // Writes a file as the user named it.
 int writeFile(const ForkSource& source, const Options& options, const MakeFile& make) {
     const std::string& typed = options.resources.outputFile;
@@ -54,7 +49,7 @@ int writeFile(const ForkSource& source, const Options& options, const MakeFile& 
     OutputFolder folder;
     Failure failure = beginOutputs(source, options, typed.substr(0, nameStart), folder);
     if (name.empty() || name == "." || name == "..") failure = {ERROR_ACCESS_DENIED, "It is a folder."};
-    if (failure.error != 0) return failed(typed, failure);
+    if (failure.error != 0) return reportFailure(typed, failure);
     const Result result = writeOutput(folder, name, false, nullptr, make);
     return reportResult("saved", source.typed, folder, result);
 }
@@ -150,7 +145,7 @@ int exportResource(const ForkSource& source, const Options& options) {
     }
     std::string bytes;
     if (const Failure failure = readResource(source, *type, options.resources, bytes); failure.error != 0)
-        return failed(source.typed, failure);
+        return reportFailure(source.typed, failure);
     if (toOutput) return printOutput(bytes) ? kAllDone : kSomethingFailed;
     return writeFile(source, options, [&](const char* path) { return makeNewFile(path, bytes); });
 }
@@ -158,7 +153,7 @@ int exportResource(const ForkSource& source, const Options& options) {
 int exportFork(const ForkSource& source, const Options& options) {
     ResourceForkReader reader;
     if (const Failure failure = openFork(source, reader); failure.error != 0)
-        return failed(source.typed, failure);
+        return reportFailure(source.typed, failure);
     // The very bytes that were found to be a fork, whatever the file has become.
     tidewell::ForkBytes bytes = reader.TakeBytes();
     return writeFile(source, options, [&](const char* path) {

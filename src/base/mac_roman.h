@@ -2,6 +2,8 @@
 #ifndef TIDEWELL_BASE_MAC_ROMAN_H
 #define TIDEWELL_BASE_MAC_ROMAN_H
 
+#include <cstdint>
+
 namespace tidewell {
 
 // The UTF-16 units of the bytes from 0x80 on.
@@ -17,6 +19,19 @@ inline constexpr char16_t kMacRomanUpperHalf[128] = {
     0x00CB, 0x00C8, 0x00CD, 0x00CE, 0x00CF, 0x00CC, 0x00D3, 0x00D4, 0xF8FF, 0x00D2, 0x00DA, 0x00DB, 0x00D9,
     0x0131, 0x02C6, 0x02DC, 0x00AF, 0x02D8, 0x02D9, 0x02DA, 0x00B8, 0x02DD, 0x02DB, 0x02C7,
 };
+
+inline char16_t UnitOfMacRoman(uint8_t byte) {
+    return byte < 0x80 ? char16_t{byte} : kMacRomanUpperHalf[byte - 0x80];
+}
+
+// Whether the unit is in the set, and as which byte.
+inline bool MacRomanOfUnit(char16_t unit, uint8_t& byte) {
+    for (unsigned value = unit < 0x80 ? unit : 0x80; value < 0x100; ++value) {
+        byte = static_cast<uint8_t>(value);
+        if (UnitOfMacRoman(byte) == unit) return true;
+    }
+    return false;
+}
 
 }  // namespace tidewell
 

@@ -29,6 +29,13 @@ DWORD JoinPath(char* out, DWORD capacity, const char* dir, const char* name) {
     return static_cast<DWORD>(size);
 }
 
+void CopyPath(char* out, const char* path) {
+    const size_t length = std::strlen(path);
+    const size_t kept = length < kPathCapacity ? length : kPathCapacity - 1;
+    std::memcpy(out, path, kept);
+    out[kept] = '\0';
+}
+
 bool HasDrive(const char* path) {
     return path[0] != '\0' && path[1] == ':';
 }

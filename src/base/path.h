@@ -12,6 +12,9 @@ namespace tidewell {
 // its terminating NUL; when that exceeds `capacity` nothing is written.
 DWORD JoinPath(char* out, DWORD capacity, const char* dir, const char* name);
 
+// The path into a buffer of kPathCapacity bytes, cut where it does not fit.
+void CopyPath(char* out, const char* path);
+
 // Whether the path begins with a drive's letter and colon.
 bool HasDrive(const char* path);
 

@@ -12,8 +12,6 @@ struct ContentsRequest {
     const char* hexText;
     uint32_t shownLength;  // of the data that the dump shows, in bytes
     TypeEntry type;
-    ReferenceEntry reference;
-    ResourceForkReader* reader;
     char label[kNodeLabelCapacity];
     const Picture* picture;  // may be empty
     const char* text;        // null for none

@@ -3,15 +3,10 @@
 #include "base/text.h"
 #include "macfile/volume_kind.h"
 
-#include <cstring>
-
 namespace tidewell {
 
 void GetFileOfFork(const char* forkPath, char* path) {
-    const size_t length = std::strlen(forkPath);
-    const size_t kept = length < kPathCapacity ? length : kPathCapacity - 1;
-    std::memcpy(path, forkPath, kept);
-    path[kept] = '\0';
+    CopyPath(path, forkPath);
     char* const name = path + (FileNamePart(path) - path);
     if (equalsIgnoringCase(name, kResourceForkName) && name != path) {
         name[-1] = '\0';

@@ -30,7 +30,7 @@ class GrowingText {
             if (c == '\r' || (c == '\n' && (i == 0 || characters[i - 1] != '\r'))) {
                 appendLineEnd();
             } else if (c >= 0x80) {
-                appendUnit(kMacRomanUpperHalf[c - 0x80]);
+                appendUnit(UnitOfMacRoman(c));
             } else if (c != '\n') {
                 const char shown = c != 0 ? static_cast<char>(c) : ' ';
                 append(&shown, 1);

@@ -21,6 +21,7 @@ ResourceTreeNode* newNode(ResourceNodeKind kind) {
 // Where an item goes. Its neighbour is named because the first trees look through all items for the last one.
 struct ItemPlace {
     HTREEITEM parent;
+    const ResourceTreeNode* parentNode;
     HTREEITEM after;
 };
 
@@ -45,7 +46,7 @@ HTREEITEM insert(HWND tree, ItemPlace& place, char* label, ResourceTreeNode* nod
 void insertType(HWND tree, ItemPlace& place, const TypeEntry& type) {
     ResourceTreeNode* const node = newNode(ResourceNodeKind::type);
     if (!node) return;
-    node->parent = NodeOf(tree, place.parent);
+    node->parent = place.parentNode;
     node->type = type;
     char label[kTypeCodeCapacity];
     FormatTypeCode(type.type, label);
@@ -56,7 +57,7 @@ void insertResource(HWND tree, ItemPlace& place, ResourceForkReader& reader,
                     const ReferenceEntry& reference) {
     ResourceTreeNode* const node = newNode(ResourceNodeKind::resource);
     if (!node) return;
-    node->parent = NodeOf(tree, place.parent);
+    node->parent = place.parentNode;
     node->reference = reference;
     // The node is zero-filled: a name that cannot be read is empty.
     reader.ReadName(reference, node->name, kNodeNameCapacity);
@@ -82,10 +83,10 @@ void FillResourceTree(HWND tree, ResourceForkReader& reader) {
     const LocalText label(LoadStringAlloc(ResourceModule, IDS_RESOURCE_FORK));
     if (!node || !label) return FreeNode(reinterpret_cast<LPARAM>(node));
     node->reader = &reader;
-    ItemPlace root = {TVI_ROOT, TVI_FIRST};
+    ItemPlace root = {TVI_ROOT, nullptr, TVI_FIRST};
     HTREEITEM const fork = insert(tree, root, label.get(), node);
     if (!fork) return;
-    ItemPlace place = {fork, TVI_FIRST};
+    ItemPlace place = {fork, node, TVI_FIRST};
     for (unsigned i = 0; i < reader.TypeCount(); ++i) {
         TypeEntry type;
         if (reader.ReadTypeEntry(static_cast<uint16_t>(i), type)) insertType(tree, place, type);
@@ -99,7 +100,7 @@ void FillTypeItem(HWND tree, HTREEITEM item) {
     const ResourceTreeNode* const type = NodeOf(tree, item);
     if (!type || type->kind != ResourceNodeKind::type || TreeView_GetChild(tree, item)) return;
     ResourceForkReader& reader = *type->parent->reader;
-    ItemPlace place = {item, TVI_FIRST};
+    ItemPlace place = {item, type, TVI_FIRST};
     SetWindowRedraw(tree, FALSE);
     for (unsigned i = 0; i <= type->type.lastIndex; ++i) {
         ReferenceEntry reference;

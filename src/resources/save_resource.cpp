@@ -38,11 +38,10 @@ ErrorCode copyAll(HANDLE source, HANDLE destination, HWND dialog) {
 ErrorCode SaveResource(ResourceForkReader& reader, const ReferenceEntry& reference, ResourceForm form,
                        const char* path) {
     uint32_t whole = 0;
-    SetLastError(NO_ERROR);
-    if (!reader.ReadDataLength(reference, whole)) return lastErrorOr(ERROR_HANDLE_EOF);
+    if (!reader.ReadDataLength(reference, whole)) return lastError();
     uint32_t length = 0;
     const PageBuffer data = reader.ReadData(reference, length);
-    if (!data) return lastErrorOr(ERROR_HANDLE_EOF);
+    if (!data) return lastError();
     if (length != whole) return ERROR_HANDLE_EOF;
 
     ReplacementFile file;

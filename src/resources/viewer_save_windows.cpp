@@ -24,35 +24,34 @@ OwnedFile holdViewedFile(const OpenViewer& viewer) {
     return file;
 }
 
-ErrorCode saveResource(HWND dialog, const ResourceTreeNode& node) {
-    OpenViewer& viewer = ViewerOf(dialog);
-    char file[kPathCapacity];
-    GetLongFileOfFork(viewer.reader.Path(), file);
+// Writes the name of a new file for the resource.
+void proposeName(OpenViewer& viewer, const ResourceTreeNode& resource, const char* fileName, char* proposal) {
     char name[UINT8_MAX];
-    const bool named = viewer.reader.ReadName(node.reference, name, sizeof name) && *name != '\0';
-    char path[kPathCapacity];
-    ProposeResourceName(FileNamePart(file), node.parent->type.type, named ? name : nullptr,
-                        node.reference.id(), path);
-    SaveQuestion question = {dialog, IDS_RESOURCE_FILTER, "", 0, path, 0};
-    if (!AskWhereToSave(question)) return question.error;
-    const BusyCursor busy(dialog);
-    const OwnedFile held = holdViewedFile(viewer);
-    const ResourceForm form =
-        question.filter == kHexTextFilter ? ResourceForm::hexText : ResourceForm::binary;
-    return SaveResource(viewer.reader, node.reference, form, path);
+    const bool named = viewer.reader.ReadName(resource.reference, name, sizeof name) && *name != '\0';
+    ProposeResourceName(fileName, resource.parent->type.type, named ? name : nullptr, resource.reference.id(),
+                        proposal);
 }
 
-ErrorCode saveFork(HWND dialog) {
-    const OpenViewer& viewer = ViewerOf(dialog);
+ErrorCode save(HWND dialog, const ResourceTreeNode& node) {
+    OpenViewer& viewer = ViewerOf(dialog);
+    const bool fork = node.kind == ResourceNodeKind::fork;
     char file[kPathCapacity];
     GetLongFileOfFork(viewer.reader.Path(), file);
     char path[kPathCapacity];
-    ProposeForkName(FileNamePart(file), path);
-    SaveQuestion question = {dialog, IDS_FORK_FILTER, "rsf", 0, path, 0};
+    if (fork)
+        ProposeForkName(FileNamePart(file), path);
+    else
+        proposeName(viewer, node, FileNamePart(file), path);
+    SaveQuestion question = {
+        dialog, fork ? UINT{IDS_FORK_FILTER} : UINT{IDS_RESOURCE_FILTER}, fork ? "rsf" : "", 0, path, 0};
     if (!AskWhereToSave(question)) return question.error;
+
     const BusyCursor busy(dialog);
     const OwnedFile held = holdViewedFile(viewer);
-    return SaveFork(viewer.reader.Path(), dialog, path);
+    if (fork) return SaveFork(viewer.reader.Path(), dialog, path);
+    const bool hexText = question.filter == kHexTextFilter;
+    return SaveResource(viewer.reader, node.reference, hexText ? ResourceForm::hexText : ResourceForm::binary,
+                        path);
 }
 
 }  // namespace
@@ -62,8 +61,7 @@ void SaveItem(HWND dialog, HTREEITEM item) {
     if (!node || node->kind == ResourceNodeKind::type) return;
     OpenViewer& viewer = ViewerOf(dialog);
     viewer.saving = true;
-    const ErrorCode error =
-        node->kind == ResourceNodeKind::resource ? saveResource(dialog, *node) : saveFork(dialog);
+    const ErrorCode error = save(dialog, *node);
     viewer.saving = false;
     if (error != 0) ShowErrorMessage(dialog, error, MSG_SAVE_FAILED, IDS_ERROR_TITLE, MB_OK | MB_ICONHAND);
 }

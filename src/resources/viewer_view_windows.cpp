@@ -18,7 +18,6 @@ constexpr uint32_t kShownBytes = 8592;
 
 // What the window shows, for as long as it is open.
 struct Contents {
-    PageBuffer data;
     PageBuffer dump;
     Picture picture;
     PageBuffer text;
@@ -40,14 +39,11 @@ ErrorCode readContents(HWND dialog, HTREEITEM item, const ResourceTreeNode& node
     ResourceForkReader& reader = ViewerOf(dialog).reader;
     GetNodeLabel(TreeOf(dialog), item, request.label);
     request.type = node.parent->type;
-    request.reference = node.reference;
-    request.reader = &reader;
-    SetLastError(NO_ERROR);
-    if (!reader.ReadDataLength(node.reference, request.fullLength)) return lastErrorOr(ERROR_HANDLE_EOF);
+    if (!reader.ReadDataLength(node.reference, request.fullLength)) return lastError();
     request.shownLength = kShownBytes;
-    contents.data = reader.ReadData(node.reference, request.shownLength);
-    if (!contents.data) return lastErrorOr(ERROR_HANDLE_EOF);
-    contents.dump = HexDumpAlloc(contents.data.data(), request.shownLength, nullptr);
+    const PageBuffer data = reader.ReadData(node.reference, request.shownLength);
+    if (!data) return lastError();
+    contents.dump = HexDumpAlloc(data.data(), request.shownLength, nullptr);
     if (!contents.dump) return lastError();
     request.hexText = reinterpret_cast<const char*>(contents.dump.data());
     contents.picture = ReadPicture(reader, node.parent->type, node.reference);

@@ -3,7 +3,6 @@
 #include "base/mac_roman.h"
 #include "pc/names/utf8.h"
 
-#include <cstddef>
 #include <cstdint>
 
 namespace pc {
@@ -40,11 +39,10 @@ constexpr char32_t kAngstromSign = 0x212B;
 char byteOf(char32_t character) {
     if (character == kOhmSign) character = kLetterOmega;
     if (character == kAngstromSign) character = kLetterARing;
-    if (character < 0x80) return static_cast<char>(character);
-    for (size_t i = 0; i < 128; ++i) {
-        if (tidewell::kMacRomanUpperHalf[i] == character) return static_cast<char>(0x80 + i);
-    }
-    return 0;
+    uint8_t byte = 0;
+    const bool found =
+        character <= 0xFFFF && tidewell::MacRomanOfUnit(static_cast<char16_t>(character), byte);
+    return found ? static_cast<char>(byte) : '\0';
 }
 
 char composedByteOf(char32_t letter, char32_t accent) {
@@ -78,11 +76,8 @@ std::string macRomanFromUtf8(std::string_view text) {
 
 std::string utf8FromMacRoman(std::string_view text) {
     std::string utf8;
-    for (const char c : text) {
-        const uint8_t byte = static_cast<uint8_t>(c);
-        appendCharacter(utf8,
-                        byte < 0x80 ? char32_t{byte} : char32_t{tidewell::kMacRomanUpperHalf[byte - 0x80]});
-    }
+    for (const char c : text)
+        appendCharacter(utf8, tidewell::UnitOfMacRoman(static_cast<uint8_t>(c)));
     return utf8;
 }
 
