@@ -14,7 +14,9 @@
 
 namespace {
 
-const tidewell::User kTerminalUser = {&cli::consoleProgress, cli::confirmReplace, [](HWND) {}};
+// The command tells of failures itself, one file at a time.
+const tidewell::User kTerminalUser = {&cli::consoleProgress, cli::confirmReplace,
+                                      [](const tidewell::FileFailure&) { return -1; }, [](HWND) {}};
 
 constexpr char kUsage[] =
     "usage: tidewell pack [-o DIR] [--replace=ask|yes|no] FILE...\n"

@@ -48,6 +48,10 @@ using HMODULE = HINSTANCE;
 struct HICON__;
 using HICON = HICON__*;
 
+struct GUID;
+using REFCLSID = const GUID&;
+using REFIID = const GUID&;
+
 struct FILETIME {
     DWORD dwLowDateTime;
     DWORD dwHighDateTime;

@@ -41,6 +41,17 @@ BOOL GetVersionExA(LPOSVERSIONINFOA version) {
     return call.end(0);
 }
 
+DWORD GetLogicalDrives() {
+    const pc::Pc* const pc = pc::Pc::current();
+    return pc != nullptr ? pc->driveLetters() : 0;
+}
+
+UINT GetDriveTypeA(LPCSTR root) {
+    pc::Pc* const pc = pc::Pc::current();
+    const pc::Drive* const drive = pc != nullptr && root != nullptr ? pc->drive(root[0]) : nullptr;
+    return static_cast<UINT>(drive != nullptr ? drive->type : pc::DriveType::none);
+}
+
 UINT GetACP() {
     return pc::ansiCodePage();
 }

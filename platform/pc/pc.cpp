@@ -40,13 +40,20 @@ Pc* Pc::current() {
     return currentPc;
 }
 
-void Pc::addDrive(char letter, std::unique_ptr<Volume> volume) {
-    drives_[letter] = Drive{std::move(volume)};
+void Pc::addDrive(char letter, std::unique_ptr<Volume> volume, DriveType type) {
+    drives_[letter] = Drive{std::move(volume), type};
 }
 
 Drive* Pc::drive(char letter) {
     const auto found = drives_.find(upperLetter(letter));
     return found == drives_.end() ? nullptr : &found->second;
+}
+
+uint32_t Pc::driveLetters() const {
+    uint32_t letters = 0;
+    for (const auto& [letter, drive] : drives_)
+        letters |= uint32_t{1} << (letter - 'A');
+    return letters;
 }
 
 bool Pc::takesPath(const std::string& utf8) const {

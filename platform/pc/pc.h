@@ -19,8 +19,12 @@ namespace pc {
 
 enum class Platform { nt, windows95, windows98 };
 
+// By their Win32 numbers.
+enum class DriveType : uint32_t { none = 1, removable = 2, fixed = 3, remote = 4, cd = 5 };
+
 struct Drive {
     std::unique_ptr<Volume> volume;  // null: no medium
+    DriveType type = DriveType::fixed;
 };
 
 // An open handle of the library.
@@ -46,9 +50,11 @@ class Pc {
 
     Platform platform() const { return platform_; }
 
-    void addDrive(char letter, std::unique_ptr<Volume> volume);
+    void addDrive(char letter, std::unique_ptr<Volume> volume, DriveType type = DriveType::fixed);
     // Null when there is no such drive.
     Drive* drive(char letter);
+    // A bit for each, A: the lowest.
+    uint32_t driveLetters() const;
 
     // The device "\\.\NAME", in the place of one of that name. Letter case does not matter.
     void addDevice(std::string_view name, std::shared_ptr<Device> device);

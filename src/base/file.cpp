@@ -25,6 +25,11 @@ bool MayExist(const char* path) {
     return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES || !MeansNothingThere(GetLastError());
 }
 
+bool IsFolder(const char* path) {
+    const DWORD attributes = GetFileAttributesA(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
 ErrorCode OpenForReading(const char* path, OwnedFile& file) {
     file = OwnedFile(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                  FILE_ATTRIBUTE_NORMAL, nullptr));

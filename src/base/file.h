@@ -20,6 +20,9 @@ bool MeansNothingThere(ErrorCode error);
 // that does not mean that nothing is there, may be there.
 bool MayExist(const char* path);
 
+// Whether there is a folder at `path`. False, too, when that cannot be told.
+bool IsFolder(const char* path);
+
 // Opens an existing file for reading, which others may read, too, and no one write to.
 ErrorCode OpenForReading(const char* path, OwnedFile& file);
 

@@ -1,9 +1,9 @@
 #include "convert/extraction.h"
 
+#include "convert/replace_question.h"
 #include "convert/restore_finder_info.h"
 #include "macfile/mac_name.h"
 #include "module/module_state.h"
-#include "ui/confirm_replace.h"
 #include "ui/display_title.h"
 
 #include <shlobj.h>
@@ -13,24 +13,6 @@
 namespace tidewell {
 
 namespace {
-
-ErrorCode confirmReplace(const Extraction& extraction, ExtractedFile& file) {
-    if ((*extraction.flags & kReplaceAll) != 0) return 0;
-    ProgressPause(extraction.progress);
-    SetLastError(NO_ERROR);
-    const int answer = ConfirmFileReplace(extraction.owner, file.paths.dataPath,
-                                          (*extraction.flags & kMoreFollow) != 0 ? TRUE : FALSE);
-    // The resume serves the display, which must not lose the answer to its last error.
-    const ErrorCode error = answer == -1 ? lastErrorOr(ERROR_FILE_EXISTS) : ERROR_FILE_EXISTS;
-    ProgressResume(extraction.progress);
-    switch (answer) {
-    case IDYESTOALL: *extraction.flags |= kReplaceAll; return 0;
-    case IDYES: return 0;
-    case IDNO: file.skip = true; return 0;
-    case IDCANCEL: return ERROR_CANCELLED;
-    default: return error;  // nobody could be asked: what is there stays
-    }
-}
 
 // Whether the error is the system's word for a path that is too long. Windows 95 and 98 may say 3 of any file
 // below a file.
@@ -51,7 +33,9 @@ ErrorCode reachForks(VolumeKind kind, ForkPaths& paths) {
 
 ErrorCode replaceFile(const Extraction& extraction, VolumeKind kind, ExtractedFile& file) {
     ErrorCode error = reachForks(kind, file.paths);
-    if (error == 0) error = confirmReplace(extraction, file);
+    if (error == 0)
+        error = AskToReplace(extraction.owner, file.paths.dataPath, *extraction.flags, extraction.progress,
+                             file.skip);
     if (error != 0 || file.skip || kind == VolumeKindOther) return error;
     return ReadFinderInfoToKeep(file.paths, file.finderInfo);
 }

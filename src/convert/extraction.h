@@ -3,24 +3,20 @@
 #define TIDEWELL_CONVERT_EXTRACTION_H
 
 #include "base/owned.h"
+#include "convert/replace_question.h"
 #include "macfile/finder_info.h"
-#include "tidewell.h"
 #include "ui/progress.h"
 
 #include <cstdint>
 
 namespace tidewell {
 
-// The flags that a batch of extractions shares.
-constexpr DWORD kReplaceAll = TIDEWELL_REPLACE_ALL;
-constexpr DWORD kMoreFollow = TIDEWELL_MORE_FOLLOW;
-
 // What every extraction is given.
 struct Extraction {
     HWND owner;
     const char* sourcePath;
     const char* destinationFolder;
-    DWORD* flags;
+    DWORD* flags;  // kReplaceAll, kMoreFollow
     ProgressDialog* progress;
     char* extractedPath;  // null, or kPathCapacity bytes for the path of the file that was written
 };

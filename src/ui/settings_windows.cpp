@@ -1,5 +1,6 @@
 #include "ui/settings.h"
 
+#include "base/file.h"
 #include "base/registry_key.h"
 #include "module/settings_key.h"
 
@@ -18,11 +19,6 @@ ErrorCode openSettings(BOOL perUser, REGSAM access, RegistryKey& key) {
     const LONG result = RegOpenKeyExA(rootOf(perUser), kSettingsKey, 0, access, &opened);
     if (result == 0) key = RegistryKey(opened);
     return static_cast<ErrorCode>(result);
-}
-
-bool isFolder(const char* path) {
-    const DWORD attributes = GetFileAttributesA(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
 ErrorCode read(BOOL perUser, const char* name, char* buffer, DWORD size) {
@@ -51,7 +47,7 @@ BOOL ReadSettingString(BOOL perUser, const char* name, char* buffer, DWORD size)
 }
 
 BOOL ReadSettingFolder(BOOL perUser, const char* name, char* buffer, DWORD size) {
-    if (ReadSettingString(perUser, name, buffer, size) && isFolder(buffer)) return 1;
+    if (ReadSettingString(perUser, name, buffer, size) && IsFolder(buffer)) return 1;
     if (size != 0) *buffer = '\0';
     return 0;
 }

@@ -25,7 +25,11 @@ int refuseToReplace(HWND, const char* path, BOOL) {
     return -1;
 }
 
-constexpr User kNobody = {&kNoDisplay, refuseToReplace, [](HWND) {}};
+int tellNobody(const FileFailure&) {
+    return -1;
+}
+
+constexpr User kNobody = {&kNoDisplay, refuseToReplace, tellNobody, [](HWND) {}};
 
 constinit const User* currentUser = &kNobody;
 

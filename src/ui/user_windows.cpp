@@ -5,6 +5,7 @@ namespace tidewell {
 constinit const User WindowsUser = {
     &ProgressWindowDisplay,
     ConfirmReplaceInWindow,
+    AskAfterFailureInBox,
     [](HWND dialog) { PumpMessagesOf(nullptr, dialog); },
 };
 

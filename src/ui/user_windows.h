@@ -14,6 +14,9 @@ extern const ProgressDisplay ProgressWindowDisplay;
 // The dialog IDD_CONFIRM_REPLACE.
 int ConfirmReplaceInWindow(HWND owner, const char* path, BOOL several);
 
+// A message box titled IDS_ERROR_TITLE.
+int AskAfterFailureInBox(const FileFailure& failure);
+
 // PumpMessages, for the messages of one window and of what is in it; null: for all.
 void PumpMessagesOf(HWND window, HWND dialog);
 

@@ -2,6 +2,8 @@
 
 #include "base/file.h"
 
+#include <cstdio>
+
 ScriptedUser scriptedUser;
 
 namespace {
@@ -62,10 +64,22 @@ int confirmReplace(HWND, const char* filePath, BOOL moreFollow) {
     return scriptedUser.answer;
 }
 
+int askAfterFailure(const tidewell::FileFailure& failure) {
+    char numbers[64];
+    std::snprintf(numbers, sizeof numbers, "%u %08X %02X ", unsigned(failure.error),
+                  unsigned(failure.message), failure.style);
+    const uint32_t pauses = scriptedUser.progress != nullptr ? scriptedUser.progress->pauses : 0;
+    scriptedUser.failures.push_back(numbers + std::string(failure.file) + ' ' + failure.folder + ' ' +
+                                    std::to_string(pauses));
+    scriptedUser.onFailure();
+    const size_t told = scriptedUser.failures.size();
+    return told <= scriptedUser.afterFailures.size() ? scriptedUser.afterFailures[told - 1] : IDCANCEL;
+}
+
 void pumpMessages(HWND) {
     ++scriptedUser.pumps;
 }
 
 }  // namespace
 
-const tidewell::User kScriptedUser = {&kDisplay, confirmReplace, pumpMessages};
+const tidewell::User kScriptedUser = {&kDisplay, confirmReplace, askAfterFailure, pumpMessages};

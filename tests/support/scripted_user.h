@@ -14,10 +14,12 @@
 
 struct ScriptedUser {
     // The script.
-    int answer = IDYES;     // to every replace question
-    DWORD answerError = 0;  // that comes with it
-    int cancelAtServe = 0;  // the n-th time that the display is served
-    DWORD createError = 0;  // the display cannot be made
+    int answer = IDYES;              // to every replace question
+    DWORD answerError = 0;           // that comes with it
+    int cancelAtServe = 0;           // the n-th time that the display is served
+    DWORD createError = 0;           // the display cannot be made
+    std::vector<int> afterFailures;  // the button for each file that fails; Cancel after the last
+    std::function<void()> onFailure = [] {};
     std::function<void()> onServe = [] {};
 
     // The record.
@@ -25,6 +27,7 @@ struct ScriptedUser {
     bool several = false;           // files follow, said the last question
     uint32_t pausesAtQuestion = 0;  // of the progress that was shown during the last question
     std::string line1, line2;
+    std::vector<std::string> failures;  // what was told of each: "error message style file folder pauses"
     std::vector<uint16_t> ranges;
     std::vector<uint16_t> positions;
     int shows = 0;
