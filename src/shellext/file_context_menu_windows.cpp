@@ -1,6 +1,5 @@
 #include "shellext/file_context_menu.h"
 
-#include "base/text.h"
 #include "convert/conversion_commands.h"
 #include "module/module_state.h"
 #include "res/resource.h"
@@ -61,13 +60,10 @@ void writeText(const char* text, bool wide, char* buffer, UINT size) {
         return;
     }
     auto* const out = reinterpret_cast<WCHAR*>(buffer);
+    const int room = static_cast<int>(size) - 1;
     int used = 0;
-    for (const char* next = text; *text != '\0'; text = next) {
-        next = nextCharacter(text);
-        used += MultiByteToWideChar(CP_ACP, 0, text, static_cast<int>(next - text), out + used,
-                                    static_cast<int>(size) - 1 - used);
-        if (used == static_cast<int>(size) - 1) break;
-    }
+    for (int length = lstrlenA(text); used == 0 && room > 0 && length > 0; --length)
+        used = MultiByteToWideChar(CP_ACP, 0, text, length, out, room);
     out[used] = L'\0';
 }
 

@@ -2,8 +2,8 @@
 #include "ui/shell_folders.h"
 
 #include "base/path.h"
+#include "support/folder_chooser_windows.h"
 #include "support/modal_windows.h"
-#include "support/replaced_import_windows.h"
 
 #include <doctest/doctest.h>
 
@@ -33,56 +33,19 @@ std::string upperCaseOf(std::string text) {
 
 constexpr char kTitle[] = "Select the folder.";
 
-// What is chosen in the folder chooser, and what it was shown with.
-struct Chooser {
-    HWND owner = nullptr;
-    std::string choice;  // empty: Cancel
-    std::string selected = {};
-    UINT selectedSize = 0;
-    int shown = 0;
-} chooser;
-
-// The chooser's window as its callback sees it.
-LRESULT CALLBACK chooserProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == BFFM_SETSELECTIONA) {
-        CHECK(wParam == FALSE);
-        char path[kPathCapacity] = "?";
-        SHGetPathFromIDListA(reinterpret_cast<const ITEMIDLIST*>(lParam), path);
-        chooser.selected += path;
-        chooser.selectedSize = ILGetSize(reinterpret_cast<const ITEMIDLIST*>(lParam));
-    }
-    return DefWindowProcA(window, message, wParam, lParam);
-}
-
-ITEMIDLIST* WINAPI browse(BROWSEINFOA* info) {
-    ++chooser.shown;
-    CHECK(info->hwndOwner == chooser.owner);
-    CHECK(info->lpszTitle == std::string(kTitle));
-    CHECK(info->ulFlags == BIF_RETURNONLYFSDIRS);
-    CHECK(info->pidlRoot == nullptr);
-    std::memset(info->pszDisplayName, 'x', MAX_PATH);
-    const TestWindow window("chooser");
-    SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(chooserProcedure));
-    for (const UINT message : {BFFM_SELCHANGED, BFFM_INITIALIZED, BFFM_SELCHANGED})
-        CHECK(info->lpfn(window, message, 0, info->lParam) == 0);
-    ItemList chosen;
-    if (!chooser.choice.empty()) PathToItemList(nullptr, chooser.choice.c_str(), chosen);
-    return chosen.release();
-}
-
 // Lets the user choose, from `path` on.
 std::string chosenFrom(const std::string& path, const std::string& choice, bool chosen) {
     char buffer[kPathCapacity] = "";
     std::strcpy(buffer, path.c_str());
     const TestWindow owner("owner");
-    chooser = {owner, choice};
+    folderChooser = {choice};
     CHECK(BrowseForFolder(owner, kTitle, buffer) == chosen);
+    if (folderChooser.shown != 0) CHECK(folderChooser.owner == owner);
+    if (folderChooser.shown != 0) CHECK(folderChooser.title == kTitle);
     return buffer;
 }
 
 }  // namespace
-
-REPLACE_IMPORT(SHBrowseForFolderA, 4, browse);
 
 TEST_CASE("The desktop's folder is known by every name") {
     const std::string desktop = desktopPath();
@@ -111,14 +74,14 @@ TEST_CASE("What is no path becomes no item list") {
 
 TEST_CASE("The folder chooser starts at the folder and gives the chosen one") {
     CHECK(chosenFrom("C:\\missing", windowsPath(), false) == "C:\\missing");
-    CHECK(chooser.shown == 0);
+    CHECK(folderChooser.shown == 0);
 
     CHECK(chosenFrom(windowsPath(), "", false) == windowsPath());
-    CHECK(chooser.shown == 1);
-    CHECK(upperCaseOf(chooser.selected) == upperCaseOf(windowsPath()));
+    CHECK(folderChooser.shown == 1);
+    CHECK(upperCaseOf(folderChooser.selected) == upperCaseOf(windowsPath()));
 
     // The desktop's own item, which stands above all others.
     CHECK(upperCaseOf(chosenFrom(desktopPath(), "C:\\", true)) == "C:\\");
-    CHECK(upperCaseOf(chooser.selected) == upperCaseOf(desktopPath()));
-    CHECK(chooser.selectedSize == sizeof(USHORT));
+    CHECK(upperCaseOf(folderChooser.selected) == upperCaseOf(desktopPath()));
+    CHECK(folderChooser.selectedSize == sizeof(USHORT));
 }
