@@ -80,11 +80,11 @@ std::string windowText(HWND window) {
 }
 
 std::string buttonTexts(HWND dialog) {
-    std::map<LONG, std::string> buttons;  // by their places
+    std::multimap<LONG, std::string> buttons;  // by their places
     for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
         if (classOf(child) != "Button" || !IsWindowVisible(child)) continue;
         const char* const mark = child == GetFocus() ? "*" : IsWindowEnabled(child) ? "" : "-";
-        buttons[frameOf(child).left] = "[" + windowText(child) + mark + "]";
+        buttons.emplace(frameOf(child).left, "[" + windowText(child) + mark + "]");
     }
     std::string texts;
     for (const auto& [place, text] : buttons)
