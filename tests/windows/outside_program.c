@@ -109,10 +109,26 @@ static void checkRoundTrip(void) {
         CHECK(GetProcAddress(module, #name) != NULL); \
     } while (0)
 
-int main(void) {
+/* COM finds these under their names only. */
+static void checkServer(HMODULE module) {
+    static const GUID none = {0x4DD19183, 0xACE2, 0x11CF, {0xBB, 0xF2, 0x44, 0x45, 0x53, 0x54, 0, 0}};
     TidewellDllCanUnloadNow canUnloadNow;
+    TidewellDllGetClassObject getClassObject;
+    void* object = &object;
+    FARPROC found = GetProcAddress(module, "DllCanUnloadNow");
+    CHECK(found != NULL);
+    /* A function's address as the type of a function, which C has no word for. */
+    memcpy(&canUnloadNow, &found, sizeof found);
+    CHECK(canUnloadNow() == S_OK);
+    found = GetProcAddress(module, "DllGetClassObject");
+    CHECK(found != NULL);
+    memcpy(&getClassObject, &found, sizeof found);
+    CHECK(getClassObject(&none, &none, &object) == CLASS_E_CLASSNOTAVAILABLE);
+    CHECK(object == NULL);
+}
+
+int main(void) {
     HMODULE const module = GetModuleHandleA("TIDEWELL.DLL");
-    FARPROC const found = GetProcAddress(module, "DllCanUnloadNow");
     GetCurrentDirectoryA(sizeof folder, folder);
     makeMacFile();
     checkRoundTrip();
@@ -124,9 +140,6 @@ int main(void) {
     CHECK_FOUND(ExtractOriginalMacFile);
     CHECK_FOUND(UninstInitialize);
     CHECK_FOUND(UninstUnInitialize);
-    CHECK(found != NULL);
-    /* A function's address as the type of a function, which C has no word for. */
-    memcpy(&canUnloadNow, &found, sizeof found);
-    CHECK(canUnloadNow() == S_OK);
+    checkServer(module);
     return failures != 0;
 }
