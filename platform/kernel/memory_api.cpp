@@ -2,6 +2,7 @@
 #include "call.h"
 #include "kernel.h"
 
+#include <cstring>
 #include <cstdlib>
 #include <set>
 
@@ -51,9 +52,12 @@ BOOL VirtualFree(LPVOID address, SIZE_T /*size*/, DWORD /*type*/) {
     return release(call, address);
 }
 
-LPVOID HeapAlloc(HANDLE /*heap*/, DWORD /*flags*/, SIZE_T size) {
+LPVOID HeapAlloc(HANDLE /*heap*/, DWORD flags, SIZE_T size) {
     Call call("HeapAlloc", "", size);
-    return allocate(call, size == 0 ? 1 : size);
+    void* const memory = allocate(call, size == 0 ? 1 : size);
+    // What nobody has asked to be zero is anything else.
+    if (memory && (flags & HEAP_ZERO_MEMORY) == 0) std::memset(memory, 0xCD, size);
+    return memory;
 }
 
 BOOL HeapFree(HANDLE /*heap*/, DWORD /*flags*/, LPVOID memory) {

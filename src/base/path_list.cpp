@@ -38,6 +38,16 @@ const char* PathList::Next(const char* path) const {
     return node ? node->text : nullptr;
 }
 
+void PathList::TakeReversed(PathList& other) {
+    while (Node* const node = other.head_) {
+        other.head_ = node->next;
+        node->next = head_;
+        head_ = node;
+    }
+    count_ += other.count_;
+    other.count_ = 0;
+}
+
 void PathList::Clear() {
     while (head_) {
         Node* const next = head_->next;

@@ -25,6 +25,9 @@ class PathList {
 
     uint32_t Count() const { return count_; }
 
+    // Puts the paths of another list before these, from its last to its first; that list is empty then.
+    void TakeReversed(PathList& other);
+
     void Clear();
 
   private:

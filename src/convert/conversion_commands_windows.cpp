@@ -46,7 +46,10 @@ bool findMacDrive(char* folder) {
 void folderOfFile(const char* path, char* folder) {
     const DWORD length = GetShortPath(path, folder, kPathCapacity);
     if (length == 0 || length >= kPathCapacity) CopyPath(folder, path);
-    folder[FileNamePart(folder) - folder] = '\0';
+    char* name = folder + (FileNamePart(folder) - folder);
+    // A root keeps its backslash; no other folder is known by one.
+    if (name - folder > 3) --name;
+    *name = '\0';
 }
 
 bool chooseExtractFolder(HWND owner, const PathList& selection, char* folder) {

@@ -2,29 +2,17 @@
 #ifndef TIDEWELL_SHELLEXT_DROPPED_FILES_H
 #define TIDEWELL_SHELLEXT_DROPPED_FILES_H
 
-#include "base/path.h"
+#include "base/path_list.h"
 
-#include <windows.h>
 #include <objidl.h>
 
 namespace tidewell {
 
-// The list of files that the shell hands over in a data object, for as long as the object lives.
-class DroppedFiles {
-  public:
-    // None for a data object that is null or has no such list.
-    explicit DroppedFiles(IDataObject* object);
-    ~DroppedFiles();
-    DroppedFiles(const DroppedFiles&) = delete;
-    DroppedFiles& operator=(const DroppedFiles&) = delete;
-
-    UINT Count() const;
-    // The path of a file into a buffer of kPathCapacity bytes; false when it does not fit.
-    bool GetPath(UINT index, char* path) const;
-
-  private:
-    STGMEDIUM medium_ = {};
-};
+// Adds the paths of the files that the shell hands over in a data object, which may be null, so that the list
+// begins with the last. False when it has no list of files, and when one of them cannot be reached by a path
+// in the ANSI code page of less than kPathCapacity bytes, or memory runs out: what is in `lastFirst` then is
+// not all.
+bool AddDroppedFiles(IDataObject* object, PathList& lastFirst);
 
 }  // namespace tidewell
 

@@ -24,10 +24,8 @@ struct Command {
 };
 
 constexpr Command kCommands[kCommandCount] = {
-    {IDS_HELP_VIEW_RESOURCES,
-     [](HWND owner, const PathList& selection, const char*) {
-         if (const char* const first = selection.Next(nullptr)) ViewMacResources(owner, first);
-     }},
+    {IDS_HELP_VIEW_RESOURCES, [](HWND owner, const PathList& selection,
+                                 const char*) { ViewMacResources(owner, selection.Next(nullptr)); }},
     {IDS_HELP_CREATE_MACBINARY, CreateMacBinaryFiles},
     {IDS_HELP_EXTRACT, ExtractOriginalMacFiles},
 };
@@ -70,21 +68,19 @@ void writeText(const char* text, bool wide, char* buffer, UINT size) {
 }  // namespace
 
 bool FileContextMenu::takeFolder() {
-    if (!Folder() || SHGetPathFromIDListA(Folder(), folder_)) return true;
+    if (!Folder()) return true;
+    // A path that may have been cut, or had to do without some of its characters, is another's.
+    if (SHGetPathFromIDListA(Folder(), folder_) && lstrlenA(folder_) < MAX_PATH - 1 && IsFolder(folder_))
+        return true;
     *folder_ = '\0';
     return false;
 }
 
-// The list begins with what is added last. What cannot be taken whole is not taken at all: nothing is done
-// to a part of what the user has selected.
+// What cannot be taken whole is not taken at all: nothing is done to a part of what the user has selected.
 bool FileContextMenu::takeSelection() {
-    const DroppedFiles files(Selected());
-    for (UINT i = files.Count(); i-- > 0;) {
-        char path[kPathCapacity];
-        if (files.GetPath(i, path) && selection_.Add(path)) continue;
-        selection_.Clear();
-        return false;
-    }
+    PathList lastFirst;
+    if (!AddDroppedFiles(Selected(), lastFirst)) return false;
+    selection_.TakeReversed(lastFirst);
     return selection_.Count() != 0;
 }
 
@@ -115,6 +111,7 @@ HRESULT FileContextMenu::InvokeCommand(CMINVOKECOMMANDINFO* invocation) {
     if (!IS_INTRESOURCE(invocation->lpVerb)) return E_FAIL;
     const auto command = reinterpret_cast<UINT_PTR>(invocation->lpVerb);
     if (command >= kCommandCount) return E_INVALIDARG;
+    if (selection_.Count() == 0) return S_OK;
     // A command lets messages through, and with them whoever might give the last reference back.
     AddRef();
     kCommands[command].run(invocation->hwnd, selection_, hereFolder());

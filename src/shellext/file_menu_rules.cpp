@@ -13,7 +13,7 @@ bool areOnMacVolumes(const PathList& selection) {
     for (const char* path = nullptr; (path = selection.Next(path)) != nullptr;) {
         char root[] = "A:\\";
         root[0] = upperCase(path[0]);
-        if (root[0] < 'A' || root[0] > 'Z' || !HasDrive(path)) return false;
+        if (root[0] < 'A' || root[0] > 'Z') return false;
         const uint32_t bit = uint32_t{1} << (root[0] - 'A');
         if ((asked & bit) == 0 && !IsMacVolume(root)) return false;
         asked |= bit;

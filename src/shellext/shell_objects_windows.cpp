@@ -29,7 +29,6 @@ HRESULT ShellExtBase::Initialize(const ITEMIDLIST* folder, IDataObject* selected
     if (selected) selected->AddRef();
     selected_ = Reference<IDataObject>(selected);
     if (!folder) return S_OK;
-    folder_.reset();
     folder_ = Owned<CopyTraits>(copyOf(folder));
     return folder_ ? S_OK : E_OUTOFMEMORY;
 }

@@ -47,7 +47,7 @@ bool IsDesktopDirectory(const char* path) {
 
 HRESULT PathToItemList(HWND owner, const char* path, ItemList& itemList) {
     WCHAR wide[kPathCapacity];
-    if (MultiByteToWideChar(CP_ACP, MB_PRECOMPOSED, path, -1, wide, kPathCapacity) == 0)
+    if (MultiByteToWideChar(CP_ACP, 0, path, -1, wide, kPathCapacity) == 0)
         return HRESULT_FROM_WIN32(lastError());
     IShellFolder* desktopFolder = nullptr;
     HRESULT result = SHGetDesktopFolder(&desktopFolder);

@@ -14,7 +14,8 @@ extern const ProgressDisplay ProgressWindowDisplay;
 // The dialog IDD_CONFIRM_REPLACE.
 int ConfirmReplaceInWindow(HWND owner, const char* path, BOOL several);
 
-// A message box titled IDS_ERROR_TITLE.
+// A message box titled IDS_ERROR_TITLE: the message, or the error's number where the system has no text for
+// it.
 int AskAfterFailureInBox(const FileFailure& failure);
 
 // PumpMessages, for the messages of one window and of what is in it; null: for all.

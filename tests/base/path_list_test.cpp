@@ -30,6 +30,15 @@ TEST_CASE(
         CHECK(list.Next(first) == nullptr);
         CHECK(last == longest);
         CHECK(std::string(first) == "C:\\first");
+        PathList other;
+        other.Add("y");
+        const char* const second = other.Add("x");
+        list.TakeReversed(other);
+        CHECK(list.Count() == 5);
+        CHECK(list.Next(nullptr) == std::string("y"));
+        CHECK(list.Next(second) == last);
+        CHECK(other.Count() == 0);
+        CHECK(other.Next(nullptr) == nullptr);
         list.Clear();
         CHECK(pc.nothingHeld());
         CHECK(list.Count() == 0);

@@ -114,6 +114,7 @@ TEST_CASE("Files go to the folder that is chosen, which the command proposes the
     folderChooser = {};
     choose(CreateMacBinaryFiles, pc, {"D:\\Notes"});
     CHECK(folderChooser.title == "Select the folder where you want to save the MacBinary file.");
+    CHECK(folderChooser.owner == pc.owner);
     CHECK(folderChooser.selectedSize == sizeof(USHORT));
     CHECK(pc.createFolder.text().empty());
     for (int round = 1; round <= 2; ++round) {
@@ -150,6 +151,9 @@ TEST_CASE(
     ResourceModule = GetModuleHandleA("kernel32.dll");
     choose(ExtractOriginalMacFiles, pc, {"S:\\0.bin"});
     choose(CreateMacBinaryFiles, pc, {"D:\\Notes"});
+    // Nothing is lost that nobody has agreed to.
+    choose(ExtractOriginalMacFiles, pc, {"S:\\0.bin"}, "S:\\");
+    CHECK(!exists("S:\\File 0"));
     ResourceModule = own;
     CHECK(readMacFile("T:\\File 0") == kFile);
     CHECK(pc.createFolder.text().empty());
@@ -211,7 +215,7 @@ TEST_CASE("A failure is told over the progress window, which shows what is being
         writeMacFile("D:\\0", kFile);
         const bool packs = row.command == CreateMacBinaryFiles;
         pc.faults().failAlways("WriteFile", packs ? "T:\\tests\\0.bin" : "T:\\tests\\File 0", row.error);
-        char reason[300];
+        char reason[300] = "";
         FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, row.error, 0, reason, sizeof reason, nullptr);
         std::string wanted = row.text + reason;
         std::erase(wanted, '\r');

@@ -152,7 +152,7 @@ TEST_CASE("What an extension is given it keeps until it is given something else,
     ItemList windows;
     REQUIRE(SUCCEEDED(PathToItemList(nullptr, "C:\\windows", windows)));
     for (const unsigned number : {0x80u, 0x81u, 0x82u}) {
-        FilesObject first({}), second({});
+        FilesObject first(std::vector<std::string>{}), second(std::vector<std::string>{});
         auto* const extension = makeObject<IShellExtInit>(number);
         CHECK(extension->Initialize(windows.get(), &first, nullptr) == S_OK);
         CHECK(first.references == 1);
@@ -230,7 +230,7 @@ TEST_CASE("Sixteen threads that make, use and release objects lose no reference"
     HANDLE threads[16];
     for (HANDLE& thread : threads)
         thread = CreateThread(nullptr, 0, makeAndRelease, shared, 0, nullptr);
-    while (WaitForMultipleObjects(16, threads, TRUE, 0) == WAIT_TIMEOUT)
+    while (WaitForMultipleObjects(16, threads, TRUE, 1) == WAIT_TIMEOUT)
         CHECK(DllCanUnloadNow() == S_FALSE);
     for (HANDLE const thread : threads) {
         DWORD failed = 1;

@@ -1,6 +1,7 @@
 // The file menu's commands, over the files of a PC and over the system's own folders.
 #include "convert/conversion_batch.h"
 #include "pc/volumes/volume.h"
+#include "shellext/dropped_files.h"
 #include "shellext/file_context_menu.h"
 #include "support/archive_writer.h"
 #include "support/data_object_windows.h"
@@ -32,8 +33,8 @@ std::string real(const char* name) {
 class ShellMenu {
   public:
     // `folder`: where the files were dragged; empty for their own menu.
-    explicit ShellMenu(const Paths& files, const std::string& folder = "", bool wide = false)
-        : files_(files, wide) {
+    template <typename Text = std::string>
+    explicit ShellMenu(const std::vector<Text>& files, const std::string& folder = "") : files_(files) {
         for (const char* const item : {"Open", "Properties"})
             AppendMenuA(menu_, MF_STRING, 1, item);
         if (!folder.empty()) REQUIRE(SUCCEEDED(PathToItemList(nullptr, folder.c_str(), folder_)));
@@ -58,7 +59,7 @@ class ShellMenu {
             GetMenuStringA(menu_, static_cast<UINT>(i), text, sizeof text, MF_BYPOSITION);
             const UINT state = GetMenuState(menu_, static_cast<UINT>(i), MF_BYPOSITION);
             const std::string item = std::to_string(GetMenuItemID(menu_, i) - kFirst) + ' ' + text;
-            CHECK((state & ~(MF_GRAYED | MF_DISABLED)) == 0);
+            CHECK((state == MF_ENABLED || state == MF_GRAYED));
             texts += (texts.empty() ? "" : "|") + (state == 0 ? item : '(' + item + ')');
         }
         return texts;
@@ -80,8 +81,9 @@ class ShellMenu {
 };
 
 // What the menu of the files shows.
-std::string menuOf(const Paths& files, const std::string& folder = "", bool wide = false) {
-    const ShellMenu menu(files, folder, wide);
+template <typename Text = std::string>
+std::string menuOf(const std::vector<Text>& files, const std::string& folder = "") {
+    const ShellMenu menu(files, folder);
     const HRESULT result = menu.query();
     const std::string items = menu.items();
     CHECK(result == (items.empty() ? 0 : 3));
@@ -135,22 +137,23 @@ TEST_CASE("The menu offers what the selection is good for") {
     for (const Row& row : rows) {
         CAPTURE(row.files);
         CHECK(menuOf(row.files) == row.items);
-        CHECK(menuOf(row.files, "", true) == row.items);
+        std::vector<std::wstring> wide;
+        for (const std::string& file : row.files)
+            wide.emplace_back(file.begin(), file.end());
+        CHECK(menuOf(wide) == row.items);
     }
-    // A drive's letter alone makes no Mac volume of a path, and no Finder information no Mac file.
-    CHECK(pc::Pc::current()->nothingHeld());
 
     const std::string here = "C:\\windows";
-    CHECK(menuOf({"F:\\x.hqx"}, here) == "2 Extract Original Mac File Here");
-    CHECK(menuOf({"M:\\with.bin", "F:\\x.hqx"}, here) ==
+    CHECK(menuOf(Paths{"F:\\x.hqx"}, here) == "2 Extract Original Mac File Here");
+    CHECK(menuOf(Paths{"M:\\with.bin", "F:\\x.hqx"}, here) ==
           "2 Extract Original Mac Files Here|1 Create MacBinary Files Here");
-    CHECK(menuOf({"M:\\with"}, here) == "1 Create MacBinary File Here");
+    CHECK(menuOf(Paths{"M:\\with"}, here) == "1 Create MacBinary File Here");
 }
 
 TEST_CASE("A volume that the selection is on is asked once") {
     TestPc pc;
     writeMacFile("M:\\a", kWithout);
-    const ShellMenu menu({"M:\\a", "m:\\b", "M:\\c", "M:\\d"});
+    const ShellMenu menu(Paths{"M:\\a", "m:\\b", "M:\\c", "M:\\d"});
     pc.journal().clear();
     CHECK(menu.query() == 3);
     // For the kind of the first file's volume, and for all.
@@ -164,7 +167,7 @@ TEST_CASE(
     const ModuleState library;
     writeMacFile("M:\\with.bin", kWith);
     {
-        ShellMenu menu({"M:\\with.bin"});
+        ShellMenu menu(Paths{"M:\\with.bin"});
         menu.files().result = DV_E_FORMATETC;
         CHECK(menu.query() == S_OK);
         menu.files().result = S_OK;
@@ -173,14 +176,16 @@ TEST_CASE(
         menu.files().medium = TYMED_HGLOBAL;
         CHECK(menu.query() == 3);
     }
-    for (const Paths& paths : {Paths{"M:\\with.bin", "M:\\" + std::string(kPathCapacity - 3, 'x')},
-                               Paths{"M:\\with.bin", std::string(9000, 'x')}}) {
+    for (const Paths& paths :
+         {Paths{"M:\\with.bin", "M:\\" + std::string(kPathCapacity - 3, 'x'), "M:\\with.bin"},
+          Paths{"M:\\with.bin", std::string(9000, 'x')}}) {
         const ShellMenu menu(paths);
         CHECK(menu.query() == S_OK);
-        CHECK(menu.invoke(2) == S_OK);  // of nothing
+        for (const UINT command : {0, 1, 2})
+            CHECK(menu.invoke(command) == S_OK);  // of nothing
     }
     for (int n = 1; n <= 2; ++n) {
-        const ShellMenu menu({"M:\\with.bin", "M:\\with.bin"});
+        const ShellMenu menu(Paths{"M:\\with.bin", "M:\\with.bin"});
         pc.faults().failMemory(n);
         CHECK(menu.query() == S_OK);
         pc.faults().clear();
@@ -191,7 +196,7 @@ TEST_CASE(
         ITEMIDLIST* drives = nullptr;
         REQUIRE(SUCCEEDED(SHGetSpecialFolderLocation(nullptr, CSIDL_DRIVES, &drives)));
         const ItemList owner(drives);
-        FilesObject files({"M:\\with.bin"});
+        FilesObject files(Paths{"M:\\with.bin"});
         auto* const extension = new FileContextMenu;
         CHECK(extension->Initialize(drives, &files, nullptr) == S_OK);
         HMENU const menu = CreatePopupMenu();
@@ -202,12 +207,52 @@ TEST_CASE(
     }
     const HINSTANCE own = ResourceModule;
     ResourceModule = GetModuleHandleA("kernel32.dll");
-    CHECK(menuOf({"M:\\with.bin"}).empty());
+    CHECK(menuOf(Paths{"M:\\with.bin"}).empty());
+    const LoadedLibrary german("TIDEWELL_DE.DLL");
+    ResourceModule = german;
+    CHECK(menuOf(Paths{"M:\\with.bin"}).find("Mac") != std::string::npos);
+    char help[100] = "";
+    CHECK(ShellMenu(Paths{})->GetCommandString(1, GCS_HELPTEXTA, nullptr, help, sizeof help) == S_OK);
+    CHECK(help != std::string("Creates a MacBinary file containing the selected Mac file."));
     ResourceModule = own;
     CHECK(pc.nothingHeld());
 }
 
-TEST_CASE("Five thousand files and the longest paths are taken in their order") {
+TEST_CASE("A name that the code page lacks is reached by its short one, and never taken for another file's") {
+    const ModuleState library;
+    const RealFile other("A.BIN", "of another name");
+    const std::wstring name = L"\x100.bin";
+    CloseHandle(CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+    WCHAR full[MAX_PATH] = L"", shorter[MAX_PATH] = L"";
+    GetFullPathNameW(name.c_str(), MAX_PATH, full, nullptr);
+    GetShortPathNameW(full, shorter, MAX_PATH);
+    for (const bool there : {true, false}) {
+        FilesObject files(std::vector<std::wstring>{full});
+        PathList paths;
+        CHECK(AddDroppedFiles(&files, paths) == there);
+        const std::wstring wanted = shorter;
+        if (there) CHECK(paths.Next(nullptr) == std::string(wanted.begin(), wanted.end()));
+        DeleteFileW(full);
+    }
+}
+
+TEST_CASE("A list of files that does not end where its memory does is not read past it") {
+    for (const size_t size : {size_t{0}, sizeof(DROPFILES) - 1, sizeof(DROPFILES), sizeof(DROPFILES) + 9}) {
+        for (const DWORD start : {0u, 20u, 21u, 30u, ~0u}) {
+            for (const BOOL wide : {FALSE, TRUE}) {
+                FilesObject files(Paths{});
+                const DROPFILES header = {start, {}, FALSE, wide};
+                files.bytes =
+                    std::string(reinterpret_cast<const char*>(&header), sizeof header) + "C:\\xxxxxx";
+                files.bytes.resize(size, 'x');
+                PathList paths;
+                CHECK_FALSE(AddDroppedFiles(&files, paths));
+            }
+        }
+    }
+}
+
+TEST_CASE("Five thousand files and the longest paths are taken, and the first is the one that counts") {
     TestPc pc;
     Paths files;
     for (int i = 0; i < 5000; ++i)
@@ -223,7 +268,7 @@ TEST_CASE("Five thousand files and the longest paths are taken in their order") 
 TEST_CASE("Each command has its help in both forms, as much as fits, and nothing else") {
     const ModuleState library;
     TestPc pc;
-    const ShellMenu menu({});
+    const ShellMenu menu(Paths{});
     const std::string helps[] = {"Views and extracts the Mac resources from the selected file.",
                                  "Creates a MacBinary file containing the selected Mac file.",
                                  "Extracts the original Mac file from the selected MacBinary file."};
@@ -246,7 +291,7 @@ TEST_CASE("Each command has its help in both forms, as much as fits, and nothing
     }
     char text[] = "untouched";
     for (const UINT kind : {GCS_VERBA, GCS_VERBW, GCS_VALIDATEA, GCS_VALIDATEW})
-        CHECK(menu->GetCommandString(0, kind, nullptr, text, sizeof text) == S_OK);
+        CHECK(menu->GetCommandString(3, kind, nullptr, text, sizeof text) == S_OK);
     CHECK(menu->GetCommandString(3, GCS_HELPTEXTA, nullptr, text, sizeof text) == E_INVALIDARG);
     CHECK(menu->GetCommandString(~UINT_PTR{0}, GCS_HELPTEXTW, nullptr, text, sizeof text) == E_INVALIDARG);
     CHECK(menu->GetCommandString(0, GCS_HELPTEXTA, nullptr, text, 0) == S_OK);
@@ -260,12 +305,13 @@ TEST_CASE("A command is run by its number only, on the selection and for the men
     const RegistryValue createSetting(HKEY_CURRENT_USER, "", "MBinCreatePath");
     const TestWindow owner("Explorer", WS_POPUP | WS_VISIBLE);
     writeMacFile("M:\\with", kWith);
+    writeMacFile("M:\\without", kWithout);
     const RealFile first("ONE"), second("TWO"), packed("WITH.BIN");
     writeFile("F:\\1.bin", macBinaryFile({.file = kWith, .name = bytesOf("ONE")}));
     writeFile("F:\\2.bin", macBinaryFile({.file = kWith, .name = bytesOf("TWO")}));
     const std::string here = real(".");
     {
-        const ShellMenu menu({"F:\\1.bin", "F:\\2.bin"}, here);
+        const ShellMenu menu(Paths{"F:\\1.bin", "F:\\2.bin"}, here);
         CHECK(menu.query() == 3);
         CHECK(menu->InvokeCommand(nullptr) == E_INVALIDARG);
         CHECK(menu.invoke(3) == E_INVALIDARG);
@@ -281,18 +327,21 @@ TEST_CASE("A command is run by its number only, on the selection and for the men
         CHECK(setting.text() == here + '\0');
     }
     {
-        const ShellMenu menu({"M:\\with"}, here);
+        const ShellMenu menu(Paths{"M:\\with"}, here);
         CHECK(menu.query() == 3);
         CHECK(menu.invoke(1, owner) == S_OK);
         CHECK(packed.bytes().size() == 128 + 128 + 128);
     }
     {
-        // Its fork is none that the viewer can open, so it says so.
-        const ShellMenu menu({"M:\\with", "F:\\1.bin"});
+        // The shell may let go of the object while its command runs.
+        const ShellMenu menu(Paths{"M:\\without", "F:\\1.bin"});
         CHECK(menu.query() == 3);
+        menu->AddRef();
         const ModalDriver driver([&](HWND box) {
+            CHECK(GetWindow(box, GW_OWNER) == owner);
             CHECK(windowText(box) == "Tidewell 98 Error");
-            CHECK(labelTexts(box).find("'with'") != std::string::npos);
+            CHECK(labelTexts(box).find("'without'") != std::string::npos);
+            CHECK(menu->Release() == 2);
             press(box, IDOK);
         });
         CHECK(menu.invoke(0, owner) == S_OK);

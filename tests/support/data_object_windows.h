@@ -10,19 +10,22 @@
 
 #include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
 // A data object that has a list of files, and nothing else. It counts the references and the lists that it
 // has given out; both are back when it goes.
 class FilesObject final : public IDataObject {
   public:
-    explicit FilesObject(std::vector<std::string> paths, bool wide = false)
-        : paths_(std::move(paths)), wide_(wide) {}
+    explicit FilesObject(const std::vector<std::string>& paths) { setList(paths); }
+    explicit FilesObject(const std::vector<std::wstring>& paths) { setList(paths); }
     ~FilesObject() {
         CHECK(references == 0);
         CHECK(lists == 0);
     }
 
+    // The list: a header, then the paths each with its NUL, then one more NUL.
+    std::string bytes;
     LONG references = 0;
     LONG lists = 0;
     HRESULT result = S_OK;  // of giving out the list
@@ -48,9 +51,9 @@ class FilesObject final : public IDataObject {
         list->tymed = medium;
         list->hGlobal = nullptr;
         list->pUnkForRelease = &keeper_;
-        if (FAILED(result) || medium != TYMED_HGLOBAL) return result;
-        list->hGlobal = makeList();
+        if (FAILED(result)) return result;
         ++lists;
+        if (medium == TYMED_HGLOBAL) list->hGlobal = makeList();
         return result;
     }
 
@@ -64,6 +67,16 @@ class FilesObject final : public IDataObject {
     HRESULT STDMETHODCALLTYPE EnumDAdvise(IEnumSTATDATA**) override { return E_NOTIMPL; }
 
   private:
+    template <typename Text>
+    void setList(const std::vector<Text>& paths) {
+        constexpr size_t kUnit = sizeof(typename Text::value_type);
+        const DROPFILES header = {sizeof(DROPFILES), {}, FALSE, kUnit == sizeof(WCHAR)};
+        bytes.assign(reinterpret_cast<const char*>(&header), sizeof header);
+        for (const Text& path : paths)
+            bytes.append(reinterpret_cast<const char*>(path.c_str()), (path.size() + 1) * kUnit);
+        bytes.append(kUnit, '\0');
+    }
+
     // Keeps the lists that were given out: each is freed when it is released.
     struct Keeper final : IUnknown {
         explicit Keeper(FilesObject& of) : object(of) {}
@@ -71,38 +84,20 @@ class FilesObject final : public IDataObject {
         ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
         ULONG STDMETHODCALLTYPE Release() override {
             REQUIRE(object.lists > 0);
-            GlobalFree(object.list_);
+            GlobalFree(std::exchange(object.list_, nullptr));
             return static_cast<ULONG>(--object.lists);
         }
         FilesObject& object;
     };
 
-    // A header, then the paths each with its NUL, then one more NUL.
     HGLOBAL makeList() {
-        std::vector<BYTE> bytes(sizeof(DROPFILES));
-        const auto add = [&](const void* unit, size_t size) {
-            const auto* const first = static_cast<const BYTE*>(unit);
-            bytes.insert(bytes.end(), first, first + size);
-        };
-        for (const std::string& path : paths_) {
-            if (wide_) {
-                const std::wstring text(path.begin(), path.end());
-                add(text.c_str(), (text.size() + 1) * sizeof(WCHAR));
-            } else {
-                add(path.c_str(), path.size() + 1);
-            }
-        }
-        add(L"", sizeof(WCHAR));
-        list_ = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-        auto* const drop = static_cast<DROPFILES*>(GlobalLock(list_));
-        std::memcpy(drop, bytes.data(), bytes.size());
-        *drop = {sizeof(DROPFILES), {}, FALSE, wide_ ? TRUE : FALSE};
+        const SIZE_T size = bytes.size();
+        list_ = GlobalAlloc(GMEM_MOVEABLE, size);
+        if (size != 0) std::memcpy(GlobalLock(list_), bytes.data(), size);
         GlobalUnlock(list_);
         return list_;
     }
 
-    const std::vector<std::string> paths_;
-    const bool wide_;
     HGLOBAL list_ = nullptr;
     Keeper keeper_{*this};
 };
