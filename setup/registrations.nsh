@@ -8,6 +8,20 @@
 ; Its values are the version, and the keys shared with others that were not there before.
 !define RECORD "Software\Brinefield Software\Tidewell\Setup"
 
+; Whether this is the NT family, which has a list of approved extensions.
+Var OnNt
+; "AMD64" on 64-bit Windows.
+Var Processor
+
+; By NSIS itself and not by its System plug-in, which needs more of MSVCRT.DLL than the first Windows 95 may have: where
+; that is missing, only what is done for courtesy is left out.
+!macro LearnSystem
+  ReadEnvStr $Processor PROCESSOR_ARCHITEW6432
+  ; The kind of NT, or 0; the highest bit is something else.
+  GetWinVer $OnNt Product
+  IntOp $OnNt $OnNt & 0x7F
+!macroend
+
 !define PAGES "{4DD19180-ACE2-11CF-BBF2-444553540000}"
 !define DRIVE_MENU "{4DD19181-ACE2-11CF-BBF2-444553540000}"
 !define FILE_MENU "{4DD19182-ACE2-11CF-BBF2-444553540000}"
@@ -34,7 +48,7 @@
 !macro EachView DO
   !insertmacro ${DO}Entry
   !insertmacro Registrations ${DO} "$INSTDIR\TIDEWELL.DLL"
-  ${If} ${RunningX64}
+  ${If} $Processor == "AMD64"
     SetRegView 64
     !insertmacro Registrations ${DO} "$INSTDIR\x64\TIDEWELL.DLL"
     SetRegView default
@@ -70,9 +84,7 @@
   !insertmacro RegisterValue "Software\Classes\CLSID\${CLASS}" "" "${TITLE}"
   !insertmacro RegisterValue "Software\Classes\CLSID\${CLASS}\InprocServer32" "" "${LIBRARY}"
   !insertmacro RegisterValue "Software\Classes\CLSID\${CLASS}\InprocServer32" "ThreadingModel" "Apartment"
-  ; The list is the NT family's; the sign tells Windows 95 and 98.
-  System::Call 'kernel32::GetVersion() i .r0'
-  ${If} $0 >= 0
+  ${If} $OnNt <> 0
     !insertmacro RegisterSharedKey "${EXTENSIONS}"
     !insertmacro RegisterSharedKey "${EXTENSIONS}\Approved"
     !insertmacro RegisterValue "${EXTENSIONS}\Approved" "${CLASS}" "${TITLE}"

@@ -12,7 +12,6 @@ SetCompressor /SOLID lzma
 RequestExecutionLevel admin
 
 !include LogicLib.nsh
-!include x64.nsh
 !include FileFunc.nsh
 !include MUI2.nsh
 !include "${SOURCE}/registrations.nsh"
@@ -52,6 +51,12 @@ their properties. Explorer windows that are open now may have to be closed first
 !define MUI_FINISHPAGE_TEXT_REBOOT "Some files of Tidewell 98 are in use. They are replaced when Windows starts \
 the next time."
 !insertmacro MUI_PAGE_FINISH
+!define MUI_PAGE_HEADER_TEXT "Remove Tidewell 98"
+!define MUI_PAGE_HEADER_SUBTEXT "Tidewell 98 is removed from Explorer and from this computer."
+!define MUI_COMPONENTSPAGE_TEXT_TOP "Tidewell 98 remembers where you put Mac files, for when you install it again. \
+Check the box to have that forgotten, too."
+!define MUI_COMPONENTSPAGE_TEXT_COMPLIST "To be removed:"
+!define MUI_PAGE_CUSTOMFUNCTION_SHOW un.HideSpace
 !insertmacro MUI_UNPAGE_COMPONENTS
 !insertmacro MUI_UNPAGE_INSTFILES
 !define MUI_FINISHPAGE_TITLE "Tidewell 98 is removed"
@@ -66,7 +71,7 @@ next time."
   !insertmacro ${DO} "${BUILD32}/TIDEWELL.DLL" "TIDEWELL.DLL"
   !insertmacro ${DO} "${BUILD32}/tidewell.exe" "tidewell.exe"
   !insertmacro ${DO} "${README}" "Readme.txt"
-  ${If} ${RunningX64}
+  ${If} $Processor == "AMD64"
     !insertmacro ${DO} "${BUILD64}/TIDEWELL.DLL" "x64\TIDEWELL.DLL"
   ${EndIf}
 !macroend
@@ -127,6 +132,7 @@ next time."
 !macroend
 
 Function .onInit
+  !insertmacro LearnSystem
   ; Two copies in two folders could not both be registered: a new version goes where the old one is.
   ReadRegStr $Installed HKLM "${ENTRY}" "InstallLocation"
   ${If} $Installed != ""
@@ -158,7 +164,7 @@ FunctionEnd
 Section
   ClearErrors
   CreateDirectory "$INSTDIR"
-  ${If} ${RunningX64}
+  ${If} $Processor == "AMD64"
     CreateDirectory "$INSTDIR\x64"
   ${EndIf}
   !insertmacro StopOnErrors "$INSTDIR"
@@ -172,6 +178,8 @@ Section
   !insertmacro EachView Register
   ${If} $Problem != ""
     !insertmacro EachView Unregister
+    !insertmacro Files Remove
+    Delete "$INSTDIR\Uninstall.exe"
     Call Stop
   ${EndIf}
   !insertmacro TellShell
@@ -191,6 +199,13 @@ Function un.CallLibrary
     ${EndIf}
     System::Call 'kernel32::FreeLibrary(p r0)'
   ${EndIf}
+FunctionEnd
+
+; Nothing needs space on the disk to be removed.
+Function un.HideSpace
+  FindWindow $0 "#32770" "" $HWNDPARENT
+  GetDlgItem $0 $0 1023
+  ShowWindow $0 ${SW_HIDE}
 FunctionEnd
 
 Section "un.Tidewell 98"
@@ -227,6 +242,7 @@ Section /o "un.Forget the folders chosen for Mac files" FORGET
 SectionEnd
 
 Function un.onInit
+  !insertmacro LearnSystem
   ${GetParameters} $0
   ClearErrors
   ${GetOptions} $0 "/FORGET" $1

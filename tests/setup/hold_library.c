@@ -1,5 +1,5 @@
-/* Stands in for a program that has a library loaded: hold_library LIBRARY TITLE. It says when it has, and ends when
-   its window of the class TDSHELLCLASS, which has that title, is asked to quit. */
+/* Stands in for a program that has a library loaded: hold_library LIBRARY TITLE. It says when it has, and
+   ends when its window of the class TDSHELLCLASS, which has that title, is asked to quit. */
 #include <windows.h>
 
 #include <stdio.h>
@@ -15,6 +15,7 @@ int main(int count, char** arguments) {
     if (CreateWindowA("TDSHELLCLASS", arguments[2], 0, 0, 0, 9, 9, NULL, NULL, NULL, NULL) == NULL) return 3;
     puts("loaded");
     fflush(stdout);
-    while (GetMessageA(&message, NULL, 0, 0) > 0) DispatchMessageA(&message);
+    while (GetMessageA(&message, NULL, 0, 0) > 0)
+        DispatchMessageA(&message);
     return 0;
 }
