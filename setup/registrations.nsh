@@ -17,7 +17,7 @@ Var Processor
 ; that is missing, only what is done for courtesy is left out.
 !macro LearnSystem
   ReadEnvStr $Processor PROCESSOR_ARCHITEW6432
-  ; The kind of NT, or 0; the highest bit is something else.
+  ; 0, or the kind of NT in 7 bits; the eighth is set beside both.
   GetWinVer $OnNt Product
   IntOp $OnNt $OnNt & 0x7F
 !macroend

@@ -39,6 +39,13 @@ Var AtNextStart
 ; The file or key that could not be written.
 Var Problem
 
+; Nobody's work is ended by a key pressed too soon.
+!macro RestartChoice
+  !define MUI_FINISHPAGE_REBOOTLATER_DEFAULT
+  !define MUI_FINISHPAGE_TEXT_REBOOTNOW "Restart Windows now"
+  !define MUI_FINISHPAGE_TEXT_REBOOTLATER "Restart Windows later"
+!macroend
+
 !define MUI_ICON "${SOURCE}/../src/res/tidewell.ico"
 !define MUI_UNICON "${SOURCE}/../src/res/tidewell.ico"
 !define MUI_COMPONENTSPAGE_NODESC
@@ -50,6 +57,7 @@ Var Problem
 their properties. Explorer windows that are open now may have to be closed first."
 !define MUI_FINISHPAGE_TEXT_REBOOT "Some files of Tidewell 98 are in use. They are replaced when Windows starts \
 the next time."
+!insertmacro RestartChoice
 !insertmacro MUI_PAGE_FINISH
 !define MUI_PAGE_HEADER_TEXT "Remove Tidewell 98"
 !define MUI_PAGE_HEADER_SUBTEXT "Tidewell 98 is removed from Explorer and from this computer."
@@ -63,6 +71,7 @@ Check the box to have that forgotten, too."
 !define MUI_FINISHPAGE_TEXT "Its commands and pages are gone from Explorer."
 !define MUI_FINISHPAGE_TEXT_REBOOT "Some files of Tidewell 98 are in use. They are deleted when Windows starts the \
 next time."
+!insertmacro RestartChoice
 !insertmacro MUI_UNPAGE_FINISH
 !insertmacro MUI_LANGUAGE English
 
