@@ -160,6 +160,10 @@ Drive ContextMenu 1
 Drive PropertySheet 0'
 approved='Microsoft\Windows\CurrentVersion\Shell Extensions\Approved'
 
+# What other tests may have left in the PC that this one is a copy of.
+for key in 'HKCU\Software\Brinefield Software' 'HKCU\Software\Wine\AppDefaults'; do
+    reg64 delete "$key" /f >/dev/null 2>&1 || true
+done
 snapshot before
 
 # A file that cannot be written stops setup; nothing is registered, nothing stays.
