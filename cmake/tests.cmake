@@ -44,6 +44,16 @@ if(WIN32)
   add_dependencies(outside_program tidewell_import_library tidewell_library)
   add_test(NAME outside_program COMMAND outside_program WORKING_DIRECTORY ${PROJECT_BINARY_DIR}/testdata)
 
+  # Has a library loaded while setup replaces it; in both builds, because the script wants both.
+  add_executable(hold_library ${PROJECT_SOURCE_DIR}/tests/setup/hold_library.c)
+  set_target_properties(hold_library PROPERTIES C_STANDARD 90 C_EXTENSIONS OFF)
+  target_compile_options(hold_library PRIVATE -pedantic -Wall -Wextra -Werror)
+  if(TARGET tidewell_setup)
+    add_test(NAME setup COMMAND ${PROJECT_SOURCE_DIR}/tests/setup/setup.sh)
+    cmake_path(GET PROJECT_BINARY_DIR PARENT_PATH builds)
+    set_tests_properties(setup PROPERTIES ENVIRONMENT "TIDEWELL_BUILD=${builds}")
+  endif()
+
   add_test(NAME library_imports
            COMMAND ${PROJECT_SOURCE_DIR}/tools/check-imports $<TARGET_FILE:tidewell_library>)
   add_test(NAME library_exports
