@@ -45,7 +45,7 @@ if(WIN32)
   add_test(NAME outside_program COMMAND outside_program WORKING_DIRECTORY ${PROJECT_BINARY_DIR}/testdata)
 
   # A stand-in for Explorer, which the test of the setup program runs on what is installed.
-  add_executable(explorer_host ${TIDEWELL_HOST_SOURCE} ${PROJECT_SOURCE_DIR}/tests/support/modal_windows.cpp)
+  add_executable(explorer_host ${TIDEWELL_HOST_SOURCES} ${PROJECT_SOURCE_DIR}/tests/support/modal_windows.cpp)
   target_include_directories(explorer_host PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_include_directories(explorer_host SYSTEM PRIVATE ${PROJECT_BINARY_DIR}/include)
   target_compile_definitions(explorer_host PRIVATE DOCTEST_CONFIG_NO_MULTITHREADING)

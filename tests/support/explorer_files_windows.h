@@ -4,6 +4,9 @@
 #ifndef TIDEWELL_TESTS_SUPPORT_EXPLORER_FILES_H
 #define TIDEWELL_TESTS_SUPPORT_EXPLORER_FILES_H
 
+#include "support/modal_windows.h"
+#include "support/shell_menu_windows.h"
+
 #include <windows.h>
 
 #include <doctest/doctest.h>
@@ -97,5 +100,26 @@ inline void makeFiles() {
     for (const char* const name : {"NOTE.TXT:AFP_AfpInfo", "INFO.TXT:AFP_AfpInfo"})
         writeFile(name, kFinderInfo);
 }
+
+inline Held<IDataObject> select(const std::vector<std::wstring>& names, const fs::path& folder = place) {
+    return selectFiles(folder.wstring(), names);
+}
+
+inline Held<ITEMIDLIST> listOfFolder(const char* name) {
+    return listOf(desktopFolder().get(), fs::path(place + '\\' + name).wstring());
+}
+
+constexpr char kLibrary[] = "TIDEWELL.DLL";
+
+// A test has its own files, and when it ends the library is unloaded.
+struct Explorer {
+    Explorer() { makeFiles(); }
+    ~Explorer() {
+        removeFiles();
+        CoFreeUnusedLibraries();
+        CHECK(GetModuleHandleA(kLibrary) == nullptr);
+    }
+    const TestWindow window{"Explorer", WS_POPUP | WS_VISIBLE};
+};
 
 #endif

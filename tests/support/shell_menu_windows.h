@@ -5,7 +5,6 @@
 #include <windows.h>
 #include <shlobj.h>
 
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -68,8 +67,9 @@ inline bool isClass(const std::string& text, CLSID& id) {
     return SUCCEEDED(CLSIDFromString(std::wstring(text.begin(), text.end()).data(), &id));
 }
 
-// The library's handlers of a thing of these classes, each once: "ContextMenuHandlers", "DragDropHandlers" or
-// "PropertySheetHandlers". A handler's class is the value of its key, or the key's name.
+// The library's handlers of a thing of these classes, as often as they are there: "ContextMenuHandlers",
+// "DragDropHandlers" or "PropertySheetHandlers". A handler's class is the value of its key, or the key's
+// name.
 inline std::vector<CLSID> handlersOf(const Classes& classes, const std::string& list) {
     std::vector<CLSID> handlers;
     for (const std::string& itemClass : classes) {
@@ -81,8 +81,7 @@ inline std::vector<CLSID> handlersOf(const Classes& classes, const std::string& 
             CLSID id;
             const std::string value = registryText(HKEY_CLASSES_ROOT, path + '\\' + name, nullptr);
             if (!isClass(value, id) && !isClass(name, id)) continue;
-            if ((id.Data1 & ~0xFU) != 0x4DD19180) continue;
-            if (std::find(handlers.begin(), handlers.end(), id) == handlers.end()) handlers.push_back(id);
+            if ((id.Data1 & ~0xFU) == 0x4DD19180) handlers.push_back(id);
         }
         RegCloseKey(key);
     }
@@ -120,6 +119,27 @@ inline Held<IDataObject> selectFiles(const std::wstring& folder, const std::vect
     });
 }
 
+constexpr char kMenus[] = "ContextMenuHandlers", kDrags[] = "DragDropHandlers",
+               kSheets[] = "PropertySheetHandlers";
+
+// What the setup program registers: one handler for each list of each kind of thing.
+struct Registration {
+    const Classes& classes;
+    const char* list;
+    DWORD number;  // the class, by its identifier's last byte of the first part
+    IID iid;
+};
+inline const Registration kRegistrations[] = {
+    {kFileClasses, kMenus, 0x82, IID_IContextMenu},
+    {kFileClasses, kSheets, 0x80, IID_IShellPropSheetExt},
+    {kFolderClasses, kMenus, 0x82, IID_IContextMenu},
+    {kFolderClasses, kDrags, 0x82, IID_IContextMenu},
+    {kFolderClasses, kSheets, 0x80, IID_IShellPropSheetExt},
+    {kDriveClasses, kMenus, 0x81, IID_IContextMenu},
+    {kDriveClasses, kDrags, 0x82, IID_IContextMenu},
+    {kDriveClasses, kSheets, 0x80, IID_IShellPropSheetExt},
+};
+
 // The popup menu of files: two items of the shell's own, and between them what the handlers add.
 class ShellMenu {
   public:
@@ -129,8 +149,7 @@ class ShellMenu {
                        const Classes& classes = kFileClasses, HMODULE library = nullptr) {
         for (const char* const item : {"&Open", "P&roperties"})
             AppendMenuA(menu_, MF_STRING, 1, item);
-        for (const CLSID& id : handlersOf(folder ? kFolderClasses : classes,
-                                          folder ? "DragDropHandlers" : "ContextMenuHandlers"))
+        for (const CLSID& id : handlersOf(folder ? kFolderClasses : classes, folder ? kDrags : kMenus))
             addHandler(id, folder, files, library);
     }
     ~ShellMenu() { DestroyMenu(menu_); }
