@@ -173,6 +173,8 @@ void track(const ShellMenu& menu, HWND owner, DWORD time) {
 
 // A window with the files, and over it the menu of one.
 int showForPicture() {
+    doctest::Context context;
+    context.setAsDefaultForAssertsOutOfTestCases();
     InitCommonControls();
     makeFiles();
     const TestWindow window(CreateWindowExA(0, WC_LISTVIEWA, place.c_str(),
@@ -187,6 +189,7 @@ int showForPicture() {
         SendMessageA(window, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
     }
     track(ShellMenu(select({L"NOTE.TXT"}).get()), window, 8000);
+    removeFiles();
     return 0;
 }
 
