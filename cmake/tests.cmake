@@ -53,6 +53,12 @@ if(WIN32)
     cmake_path(GET PROJECT_BINARY_DIR PARENT_PATH builds)
     set_tests_properties(setup PROPERTIES ENVIRONMENT "TIDEWELL_BUILD=${builds}")
   endif()
+  # A stand-in for Explorer, which the test of the setup program runs on what is installed.
+  add_executable(explorer_host ${TIDEWELL_HOST_SOURCES} ${PROJECT_SOURCE_DIR}/tests/support/modal_windows.cpp)
+  target_include_directories(explorer_host PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_include_directories(explorer_host SYSTEM PRIVATE ${PROJECT_BINARY_DIR}/include)
+  target_compile_definitions(explorer_host PRIVATE DOCTEST_CONFIG_NO_MULTITHREADING)
+  target_link_libraries(explorer_host PRIVATE comctl32 ole32 shell32 shlwapi user32 advapi32 uuid kernel32)
 
   add_test(NAME library_imports
            COMMAND ${PROJECT_SOURCE_DIR}/tools/check-imports $<TARGET_FILE:tidewell_library>)

@@ -73,9 +73,10 @@ HRESULT WINAPI DllCanUnloadNow(void);
 typedef HRESULT(WINAPI* TidewellDllCanUnloadNow)(void);
 
 /*
- * The way of COM to the library's classes, which extend the shell's menus and property sheets. The class object
- * of `classId` by its interface `iid`, IClassFactory or IUnknown; CLASS_E_CLASSNOTAVAILABLE (0x80040111) for
- * another class, E_NOINTERFACE, E_OUTOFMEMORY, E_POINTER for a null `object`. Found by its name only.
+ * The way of COM to the library's classes, which extend the shell's menus and property sheets. The class
+ * object of `classId` by its interface `iid`, IClassFactory or IUnknown; CLASS_E_CLASSNOTAVAILABLE
+ * (0x80040111) for another class, E_NOINTERFACE, E_OUTOFMEMORY, E_POINTER for a null `object`. Found by its
+ * name only.
  */
 HRESULT WINAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object);
 typedef HRESULT(WINAPI* TidewellDllGetClassObject)(REFCLSID classId, REFIID iid, void** object);

@@ -11,7 +11,7 @@ fail() {
     exit 1
 }
 
-for file in win64/TIDEWELL.DLL win32/TIDEWELL.DLL win32/TidewellSetup.exe {win32,win64}/hold_library.exe; do
+for file in win64/TIDEWELL.DLL win32/TIDEWELL.DLL win32/TidewellSetup.exe {win32,win64}/{hold_library,explorer_host}.exe; do
     [ -e "$build/$file" ] || fail "$build/$file has not been built (the preset win64 comes before win32)"
 done
 
@@ -192,7 +192,16 @@ registered
 setup 0 '/D=C:\Elsewhere'
 installed "over itself, where it was"
 
-# The host program that stands in for Explorer is run here, in both bitnesses.
+# What Explorer has of it. The remembered folders are the hosts' own.
+as_explorer() {
+    local bits
+    for bits in 32 64; do
+        (cd "$work" && win "$(on_t "$build/win$bits/explorer_host.exe")" "$@") >"$work/host" ||
+            fail "explorer_host in $bits bits: $(cat "$work/host")"
+    done
+}
+as_explorer
+reg64 delete "$settings" /f >/dev/null
 
 # Deleted in use, and installed again before the restart: what waits must not take the new files away.
 hold_both
@@ -216,6 +225,7 @@ same "the remembered folders" "$remembered" "$(reg64 query 'HKCU\Software\Brinef
 [ ! -e "$folder" ] || fail "left behind: $(find "$folder")"
 reg64 delete 'HKCU\Software\Brinefield Software' /f >/dev/null
 unchanged "after the uninstaller" before
+as_explorer --absent
 
 setup 0
 reg64 add "$settings" /v MBinCreatePath /d 'C:\Packed' /f >/dev/null
