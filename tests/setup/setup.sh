@@ -95,12 +95,13 @@ hold_both() {
     hold 'C:\Program Files (x86)\Tidewell\x64\TIDEWELL.DLL' 64 another
 }
 
-# snapshot NAME: the registry, where Wine keeps both views, and the files of the disk.
+# snapshot NAME: the registry, where Wine keeps both views, but for what lasts as long as its desktop, and the files of
+# the disk.
 snapshot() {
     local part
     for part in 'HKLM\Software' 'HKCU\Software'; do
         reg64 export "$part" "$(on_t "$work/part.reg")" /y >/dev/null
-        iconv -f UTF-16 -t UTF-8 "$work/part.reg"
+        iconv -f UTF-16 -t UTF-8 "$work/part.reg" | sed '/^\[.*\\Temporary System Parameters/,/^\r*$/d'
     done >"$work/$1.reg"
     (cd "$pc" && find . \( -path ./windows -o -path '*/Temp/*' \) -prune -o -printf '%p %s\n' | sort) >"$work/$1.files"
 }
