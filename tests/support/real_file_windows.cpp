@@ -17,7 +17,9 @@ RealFile::RealFile(const char* name, const std::string& bytes) : RealFile(name) 
 }
 
 RealFile::~RealFile() {
-    DeleteFileA(path());
+    // Not every system takes the streams with the file.
+    for (const char* const part : {":AFP_Resource", ":AFP_AfpInfo", ""})
+        DeleteFileA((path_ + part).c_str());
 }
 
 std::string RealFile::bytes() const {

@@ -2,7 +2,6 @@
 // installed: with the shell's own data objects, folder chooser and property sheets.
 //   explorer_host            makes all checks, in a folder below the current one; what the library remembers
 //                            for the user stays
-//   explorer_host --show     holds the menu of a Mac file on the screen for some seconds, for a picture
 //   explorer_host --absent   checks that nothing of the library is registered
 // It tells what it checks; its last line is "N checks, M failed". A 32-bit one has no display here: it shows
 // no menu, no folder chooser and no property sheet.
@@ -158,45 +157,22 @@ TEST_CASE_FIXTURE(Explorer, "Commands have help in both forms of characters, and
 namespace {
 
 HMENU shownMenu = nullptr;
-DWORD menuEnd = 0;  // tick count
 
 void CALLBACK watchMenu(HWND, UINT, UINT_PTR, DWORD) {
     HWND const window = FindWindowA("#32768", nullptr);
-    if (IsWindowVisible(window)) shownMenu = reinterpret_cast<HMENU>(SendMessageA(window, MN_GETHMENU, 0, 0));
-    if (shownMenu && GetTickCount() >= menuEnd) EndMenu();
+    if (!IsWindowVisible(window)) return;
+    shownMenu = reinterpret_cast<HMENU>(SendMessageA(window, MN_GETHMENU, 0, 0));
+    EndMenu();
 }
 
-// The menu on the screen, over the window, until it is closed after that time.
-void track(const ShellMenu& menu, HWND owner, DWORD time) {
-    menuEnd = GetTickCount() + time;
+// The menu on the screen, over the window, until it is seen there.
+void track(const ShellMenu& menu, HWND owner) {
     const UINT_PTR timer = SetTimer(nullptr, 0, 20, watchMenu);
     SetForegroundWindow(owner);
     POINT point = {90, 70};
     ClientToScreen(owner, &point);
     TrackPopupMenu(menu.handle(), TPM_LEFTALIGN | TPM_RETURNCMD, point.x, point.y, 0, owner, nullptr);
     KillTimer(nullptr, timer);
-}
-
-// A window with the files, and over it the menu of one.
-int showForPicture() {
-    doctest::Context context;
-    context.setAsDefaultForAssertsOutOfTestCases();
-    InitCommonControls();
-    makeFiles();
-    const TestWindow window(CreateWindowExA(0, WC_LISTVIEWA, place.c_str(),
-                                            WS_OVERLAPPEDWINDOW | WS_VISIBLE | LVS_LIST | LVS_SHOWSELALWAYS,
-                                            100, 100, 480, 320, nullptr, nullptr, nullptr, nullptr));
-    for (const char* const name : {"HERE", "NOTE.TXT", "X.BIN", "Y.HQX"}) {
-        LVITEMA item = {};
-        item.mask = LVIF_TEXT | LVIF_STATE;
-        item.iItem = 100;
-        item.state = item.stateMask = name == kNote.name ? LVIS_SELECTED : 0;
-        item.pszText = const_cast<char*>(name);
-        SendMessageA(window, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
-    }
-    track(ShellMenu(select({L"NOTE.TXT"}).get()), window, 8000);
-    removeFiles();
-    return 0;
 }
 
 }  // namespace
@@ -265,7 +241,7 @@ TEST_CASE_FIXTURE(Explorer, "The folder chooser begins where the user was last, 
 TEST_CASE_FIXTURE(Explorer, "The menu comes up on the screen") {
     const auto files = select({L"NOTE.TXT"});
     const ShellMenu menu(files.get());
-    track(menu, window, 0);
+    track(menu, window);
     CHECK(shownMenu == menu.handle());
 }
 
@@ -334,7 +310,6 @@ int main(int count, char** arguments) {
     LoadLibraryA("COMDLG32");
     if (!kHasDisplay)
         std::printf("Without a display: no menu on the screen, no folder chooser, no property sheet\n");
-    if (mode == "--show") return showForPicture();
     const int least = mode == "--absent" ? checkAbsence() : checkAll();
     if (checks < least) std::printf("something was left out: at least %d checks are to be made\n", least);
     std::printf("%d checks, %d failed\n", checks, failures);
