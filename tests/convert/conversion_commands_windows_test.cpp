@@ -102,10 +102,13 @@ TEST_CASE("Files go to the folder that is chosen, which the command proposes the
     pc.extractFolder.set(REG_SZ, std::string("T:\\gone") + '\0');
     pc.addDrive('T', pc::makeNtfsVolume(pc.folder.host(), "/T"));
     pc.folder.makeFolder("T/docs");
-    writeFile("T:\\docs\\Some long name.bin", bytesOf("?"));
-    folderChooser = {};
-    choose(ExtractOriginalMacFiles, pc, {"T:\\docs\\Some long name.bin"});
-    CHECK(folderChooser.selected == "T:\\docs");
+    for (const std::string folder : {"T:\\docs", "T:\\"}) {
+        const std::string file = folder + "\\Some long name.bin";
+        writeFile(file, bytesOf("?"));
+        folderChooser = {};
+        choose(ExtractOriginalMacFiles, pc, {file});
+        CHECK(folderChooser.selected == folder);
+    }
     CHECK(pc.extractFolder.text() == std::string("T:\\gone") + '\0');
 
     char desktop[MAX_PATH] = "";
