@@ -216,6 +216,13 @@ TEST_CASE(
     CHECK(outcome(kExtract) == "ww-");
     CHECK(scriptedUser.failures == Paths{"38 E0000007 30 c.bin N:\\ 1"});
 
+    // A period and a backslash in a character are none.
+    pc.setCodePage(932);
+    writeMacFile("N:\\\x94\x5C.\x83\x5C", fileOf(0));
+    run({"pack", PackFiles, {"N:\\\x94\x5C.\x83\x5C"}, {}, "F:\\"});
+    CHECK(exists("F:\\\x94\x5C.bin"));
+    pc.setCodePage(1252);
+
     // The longest output has one byte less than the buffer, and its NUL.
     for (const size_t length : {kPathCapacity - 5, kPathCapacity - 4}) {
         scriptedUser = {};

@@ -132,28 +132,6 @@ TEST_CASE_FIXTURE(Explorer, "The viewer comes up with the file's name, and goes"
            }});
 }
 
-TEST_CASE_FIXTURE(Explorer, "Commands have help in both forms of characters, and no names") {
-    const auto note = select({L"NOTE.TXT"});
-    const ShellMenu menu(note.get());
-    for (UINT command = kView; command <= kExtract; ++command) {
-        char text[200] = "";
-        WCHAR wide[200] = L"";
-        CHECK(menu.handler()->GetCommandString(command, GCS_HELPTEXTA, nullptr, text, 200) == S_OK);
-        CHECK(menu.handler()->GetCommandString(command, GCS_HELPTEXTW, nullptr, reinterpret_cast<char*>(wide),
-                                               200) == S_OK);
-        CHECK(lstrlenA(text) > 30);
-        CHECK(fs::path(text).wstring() == wide);
-    }
-    char text[] = "untouched";
-    CHECK(menu.handler()->GetCommandString(kView, GCS_VERBA, nullptr, text, sizeof text) == S_OK);
-    CHECK(menu.handler()->GetCommandString(3, GCS_HELPTEXTA, nullptr, text, sizeof text) == E_INVALIDARG);
-    CHECK(Text(text) == "untouched");
-    CMINVOKECOMMANDINFO invocation = {};
-    invocation.cbSize = sizeof invocation;
-    invocation.lpVerb = "open";
-    CHECK(menu.handler()->InvokeCommand(&invocation) == E_FAIL);
-}
-
 namespace {
 
 HMENU shownMenu = nullptr;
