@@ -34,7 +34,7 @@ pc::Error openOnVolume(const PcPath& target, const pc::OpenMode& mode, pc::Opene
     return error;
 }
 
-pc::Error openFile(const std::string& path, const pc::OpenMode& mode, HANDLE& handle) {
+pc::Error openFile(const std::string& path, const pc::OpenMode& mode, HANDLE& handle, bool& created) {
     PcPath target;
     pc::Opened opened;
     pc::Error error = findPath(path.c_str(), target);
@@ -42,6 +42,7 @@ pc::Error openFile(const std::string& path, const pc::OpenMode& mode, HANDLE& ha
         error =
             target.device != nullptr ? openDevice(target, mode, opened) : openOnVolume(target, mode, opened);
     }
+    created = opened.created;
     if (error == 0) handle = addHandle(path, mode, std::move(opened), target);
     return error;
 }
@@ -64,8 +65,13 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES
     pc::Error error = call.fault();
     // Windows 95 and 98 know of no other sharing.
     if (error == 0 && (share & ~(FILE_SHARE_READ | FILE_SHARE_WRITE)) != 0) error = ERROR_INVALID_PARAMETER;
-    if (error == 0) error = openFile(path != nullptr ? path : "", mode, handle);
-    return call.end(error, handle, INVALID_HANDLE_VALUE);
+    bool created = false;
+    if (error == 0) error = openFile(path != nullptr ? path : "", mode, handle, created);
+    const HANDLE result = call.end(error, handle, INVALID_HANDLE_VALUE);
+    // So a success tells whether there was a file.
+    const bool always = disposition == OPEN_ALWAYS || disposition == CREATE_ALWAYS;
+    if (error == 0 && always && !created) SetLastError(ERROR_ALREADY_EXISTS);
+    return result;
 }
 
 BOOL ReadFile(HANDLE handle, LPVOID buffer, DWORD count, LPDWORD transferred, LPOVERLAPPED /*overlapped*/) {

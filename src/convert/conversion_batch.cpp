@@ -28,8 +28,10 @@ struct BatchWork {
     DWORD failureMessage;
 };
 
-uint64_t archiveSize(const char* path) {
-    return GetFileSizeByPath(path);
+// Whole, also beyond 4 GB: a bar that is full at a tenth of the work would tell nothing.
+uint64_t sizeOf(const char* path) {
+    uint64_t size = 0;
+    return GetSizeByPath(path, size) == 0 ? size : 0;
 }
 
 ErrorCode extract(RunningBatch& running, const char* path) {
@@ -40,7 +42,7 @@ ErrorCode extract(RunningBatch& running, const char* path) {
 uint64_t forkSizes(const char* path) {
     ForkPathBuffers paths;
     GetForkPaths(path, paths);
-    return uint64_t{GetFileSizeByPath(paths.dataPath)} + GetFileSizeByPath(paths.resourcePath);
+    return sizeOf(paths.dataPath) + sizeOf(paths.resourcePath);
 }
 
 ErrorCode makeOutputPath(const char* folder, const char* path, char* output) {
@@ -62,7 +64,7 @@ ErrorCode pack(RunningBatch& running, const char* path) {
     return CreateMacBinaryFile(running.owner, path, output, &running.progress);
 }
 
-constexpr BatchWork kExtraction = {archiveSize, extract, MSG_EXTRACT_FAILED};
+constexpr BatchWork kExtraction = {sizeOf, extract, MSG_EXTRACT_FAILED};
 constexpr BatchWork kPacking = {forkSizes, pack, MSG_CREATE_FAILED};
 
 // False when the user cancels meanwhile: to look at thousands of files on a network takes its time.

@@ -48,6 +48,9 @@ ErrorCode createFile(const Extraction& extraction, const uint8_t* macName, Volum
         error = CreateMacNamedFile(kind, extraction.destinationFolder, macName, 0, file.paths.dataPath,
                                    kPathCapacity);
     if (error != 0) return error;
+    // It has come since it was looked for, and is somebody else's.
+    if (kind != VolumeKindMac && GetLastError() == ERROR_ALREADY_EXISTS)
+        return replaceFile(extraction, kind, file);
     file.owned = true;
     if (kind == VolumeKindMac) error = reachForks(kind, file.paths);
     return error != 0 || kind == VolumeKindOther ? error : ReadFinderInfoToKeep(file.paths, file.finderInfo);

@@ -150,9 +150,13 @@ ErrorCode CreateMacNamedFile(VolumeKind kind, const char* folder, const uint8_t*
         return askDriverForMacName(MacNameOperation::create, folder, macName, reserved, outPath, capacity);
     const ErrorCode error = replacedPath(folder, macName, outPath, capacity);
     if (error != 0) return error;
-    const OwnedFile file(
+    OwnedFile file(
         CreateFileA(outPath, GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    return file ? 0 : lastError();
+    if (!file) return lastError();
+    const bool existed = GetLastError() == ERROR_ALREADY_EXISTS;
+    file.reset();
+    SetLastError(existed ? ERROR_ALREADY_EXISTS : NO_ERROR);
+    return 0;
 }
 
 ErrorCode LookUpUnicodeMacName(VolumeKind kind, const char* folder, DWORD length, const uint16_t* name,

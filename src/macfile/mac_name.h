@@ -18,7 +18,8 @@ namespace tidewell {
 ErrorCode LookUpMacName(VolumeKind kind, const char* folder, const uint8_t* macName, uint32_t reserved,
                         char* outPath, DWORD capacity);
 
-// Afterwards a file is at `outPath`; one that was there already is kept as it is. After an error there is no
+// Afterwards a file is at `outPath`; one that was there already is kept as it is, and on other volumes than
+// the driver's the last error is ERROR_ALREADY_EXISTS then, else NO_ERROR. After an error there is no
 // new file; only Windows 95 and 98 cannot take away one whose name is outside the code page.
 ErrorCode CreateMacNamedFile(VolumeKind kind, const char* folder, const uint8_t* macName, uint32_t reserved,
                              char* outPath, DWORD capacity);

@@ -6,6 +6,7 @@
 #include "res/resource.h"
 #include "ui/display_title.h"
 #include "ui/place_window.h"
+#include "ui/pump_messages.h"
 #include "ui/stored_name.h"
 #include "ui/strings.h"
 #include "ui/window_text.h"
@@ -131,7 +132,7 @@ int ConfirmReplaceInWindow(HWND owner, const char* path, BOOL several) {
     const INT_PTR answer = DialogBoxParamA(ModuleInstance, MAKEINTRESOURCEA(IDD_CONFIRM_REPLACE), owner,
                                            confirmProcedure, reinterpret_cast<LPARAM>(&question));
     // 0: the owner is no window.
-    return answer > 0 ? static_cast<int>(answer) : -1;
+    return answer > 0 && !IsAskedToQuit() ? static_cast<int>(answer) : -1;
 }
 
 }  // namespace tidewell

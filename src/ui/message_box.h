@@ -1,5 +1,6 @@
 // Message boxes whose text is in the message table. Each returns the button that was pressed, or -1 when no
-// box could be shown; a failure is never told in any other way.
+// box could be shown, or the thread is asked to quit, which closes it; a failure is never told in any other
+// way.
 #ifndef TIDEWELL_UI_MESSAGE_BOX_H
 #define TIDEWELL_UI_MESSAGE_BOX_H
 

@@ -2,6 +2,7 @@
 
 #include "module/module_state.h"
 #include "ui/format_text.h"
+#include "ui/pump_messages.h"
 #include "ui/size_scale.h"
 #include "ui/strings.h"
 #include "ui/window_text.h"
@@ -21,7 +22,7 @@ LocalText titleOf(HWND owner) {
 int showBox(HWND owner, const LocalText& text, const LocalText& title, UINT style) {
     if (!text || !title) return kNotShown;
     const int button = MessageBoxA(owner, text.get(), title.get(), style);
-    return button != 0 ? button : kNotShown;
+    return button != 0 && !IsAskedToQuit() ? button : kNotShown;
 }
 
 // A percent sign in the text of an error is no insert of the message that the text becomes part of.

@@ -10,6 +10,10 @@ namespace tidewell {
 // thread; its keys work. A request to quit stays for the loop that runs the thread.
 void PumpMessages(HWND dialog);
 
+// Whether the calling thread has been asked to quit. A modal window ends then by itself, and what it returns
+// is nobody's answer.
+bool IsAskedToQuit();
+
 }  // namespace tidewell
 
 #endif

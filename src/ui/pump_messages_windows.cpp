@@ -1,3 +1,4 @@
+#include "ui/pump_messages.h"
 #include "ui/user_windows.h"
 
 namespace tidewell {
@@ -16,6 +17,11 @@ void PumpMessagesOf(HWND window, HWND dialog) {
     }
     // It ends the loop that runs the thread, and has to reach it.
     if (quit.message == WM_QUIT) PostQuitMessage(static_cast<int>(quit.wParam));
+}
+
+bool IsAskedToQuit() {
+    MSG quit;
+    return PeekMessageA(&quit, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) != 0;
 }
 
 }  // namespace tidewell

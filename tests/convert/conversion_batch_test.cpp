@@ -139,7 +139,7 @@ TEST_CASE("Of old files the user keeps some or none; Yes to All asks no more; Ca
         for (const Row& row : rows) {
             TestPc pc;
             writeSources(batch);
-            for (const size_t old : {1, 2})
+            for (const size_t old : {size_t{1}, size_t{2}})
                 writeFile(batch.outputs[old], bytesOf("old"));
             scriptedUser.answer = row.answer;
             CAPTURE(batch.command);

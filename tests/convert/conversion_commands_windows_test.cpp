@@ -263,3 +263,17 @@ TEST_CASE("Cancel in the progress window during the second of five files ends al
     for (const char* const file : {"T:\\tests\\File 1", "T:\\tests\\File 2", "T:\\tests\\File 4"})
         CHECK(!exists(file));
 }
+
+TEST_CASE("Who asks the thread to quit answers no question: what is there stays, and the batch ends") {
+    CommandPc pc;
+    writeArchives(2);
+    const MacFile old = {.data = bytesOf("old")};
+    writeMacFile("T:\\tests\\File 0", old);
+    PostQuitMessage(7);
+    choose(ExtractOriginalMacFiles, pc, {"S:\\0.bin", "S:\\1.bin"}, "T:\\tests");
+    CHECK(readMacFile("T:\\tests\\File 0") == old);
+    CHECK(!exists("T:\\tests\\File 1"));
+    // It is still there for whom it is meant.
+    MSG quit = {};
+    CHECK((PeekMessageA(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) && quit.wParam == 7));
+}

@@ -234,3 +234,35 @@ TEST_CASE("A name that begins with NUL is none, and nobody is asked") {
         CHECK(pc.journal().count("DeviceIoControl") == 0);
     }
 }
+
+TEST_CASE("A file that appears after it was looked for is asked about, and a failure leaves it alone") {
+    const Bytes whole = binHexFile(BinHexFile{.file = {.data = patternOf(5000)}});
+    Bytes damaged = whole;
+    damaged[900] = damaged[900] == 'A' ? 'B' : 'A';
+    for (const std::string& folder : {std::string("F:\\"), std::string("N:\\")}) {
+        for (const Bytes& archive : {whole, damaged}) {
+            int looks = 0;
+            bool hit = true;
+            for (int n = 1; hit; ++n) {
+                TestPc pc;
+                const std::string output = folder + "Test";
+                writeFile(output, bytesOf("somebody else's"));
+                writeFile("F:\\in.hqx", archive);
+                scriptedUser.answer = IDNO;
+                DWORD flags = 0;
+                pc.faults().failCall(n, ERROR_FILE_NOT_FOUND);
+                ExtractOriginalMacFile(nullptr, "F:\\in.hqx", folder.c_str(), &flags, nullptr);
+                hit = pc.faults().hit();
+                // The first look; the second is the question's own.
+                const bool look =
+                    pc.faults().hitCall() == "GetFileAttributesA" && pc.faults().hitSubject() == output;
+                pc.faults().clear();
+                if (!look || ++looks != 1) continue;
+                CHECK(scriptedUser.asked == 1);
+                CHECK(readFile(output) == bytesOf("somebody else's"));
+                CHECK(pc.nothingHeld());
+            }
+            CHECK(looks == 2);
+        }
+    }
+}
