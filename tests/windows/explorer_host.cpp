@@ -132,6 +132,8 @@ TEST_CASE_FIXTURE(Explorer, "The viewer comes up with the file's name, and goes"
            }});
 }
 
+#ifdef _WIN64
+
 namespace {
 
 HMENU shownMenu = nullptr;
@@ -152,12 +154,6 @@ void track(const ShellMenu& menu, HWND owner) {
     TrackPopupMenu(menu.handle(), TPM_LEFTALIGN | TPM_RETURNCMD, point.x, point.y, 0, owner, nullptr);
     KillTimer(nullptr, timer);
 }
-
-}  // namespace
-
-#ifdef _WIN64
-
-namespace {
 
 BOOL CALLBACK keepTree(HWND child, LPARAM found) {
     if (classOf(child) == WC_TREEVIEWA) *reinterpret_cast<HWND*>(found) = child;
