@@ -1,5 +1,6 @@
 #include "convert/conversion_commands.h"
 
+#include "base/full_path.h"
 #include "base/path.h"
 #include "convert/conversion_batch.h"
 #include "macfile/volume_kind.h"
@@ -30,6 +31,12 @@ struct BatchTexts {
     HICON icon;
 };
 
+// Whoever has edited the setting may have written a path in any form; the folder chooser wants a full one.
+bool readFolder(const char* setting, char* folder) {
+    char stored[kPathCapacity];
+    return ReadSettingFolder(TRUE, setting, stored, sizeof stored) && GetFullOutputPath(stored, folder) == 0;
+}
+
 // The root of the first drive that is a Mac volume and no CD.
 bool findMacDrive(char* folder) {
     const DWORD drives = GetLogicalDrives();
@@ -53,16 +60,14 @@ void folderOfFile(const char* path, char* folder) {
 }
 
 bool chooseExtractFolder(HWND owner, const PathList& selection, char* folder) {
-    if (!ReadSettingFolder(TRUE, kExtractFolderSetting, folder, kPathCapacity) && !findMacDrive(folder))
+    if (!readFolder(kExtractFolderSetting, folder) && !findMacDrive(folder))
         folderOfFile(selection.Next(nullptr), folder);
     const LocalText title(LoadStringAlloc(ResourceModule, IDS_CHOOSE_EXTRACT_FOLDER));
     return !title || BrowseForFolder(owner, title.get(), folder);
 }
 
 bool chooseCreateFolder(HWND owner, char* folder) {
-    if (!ReadSettingFolder(TRUE, kCreateFolderSetting, folder, kPathCapacity) &&
-        !GetDesktopDirectoryPath(folder))
-        return false;
+    if (!readFolder(kCreateFolderSetting, folder) && !GetDesktopDirectoryPath(folder)) return false;
     const LocalText title(LoadStringAlloc(ResourceModule, IDS_CHOOSE_CREATE_FOLDER));
     return title && BrowseForFolder(owner, title.get(), folder);
 }

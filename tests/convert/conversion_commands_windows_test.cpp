@@ -91,8 +91,9 @@ TEST_CASE("Files go to the folder that is chosen, which the command proposes the
     CHECK(readMacFile("T:\\tests\\File 1") == kFile);
     CHECK(pc.extractFolder.text() == std::string("T:\\tests") + '\0');
 
-    // Nothing happens without a folder; the next proposal is the last choice.
+    // Nothing happens without a folder; the next proposal is the last choice, however it is written.
     DeleteFileA("T:\\tests\\File 0");
+    pc.extractFolder.set(REG_SZ, std::string("t:/tests/.") + '\0');
     folderChooser = {};
     choose(ExtractOriginalMacFiles, pc, {"S:\\0.bin"});
     CHECK(folderChooser.selected == "T:\\tests");
