@@ -39,16 +39,15 @@ void onInit(HWND dialog, LPARAM viewer) {
     FillResourceTree(TreeOf(dialog), ViewerOf(dialog).reader);
 }
 
-INT_PTR onCommand(HWND dialog, int command) {
-    if (ViewerOf(dialog).saving) return TRUE;
+void onCommand(HWND dialog, int command) {
+    if (ViewerOf(dialog).saving) return;
     switch (command) {
-    case IDC_VIEWER_VIEW: ViewItem(dialog, TreeView_GetSelection(TreeOf(dialog))); return TRUE;
-    case IDC_VIEWER_SAVE: SaveItem(dialog, TreeView_GetSelection(TreeOf(dialog))); return TRUE;
-    case IDC_VIEWER_HELP: ShowHelpTopic(dialog, kViewerTopic); return TRUE;
+    case IDC_VIEWER_VIEW: ViewItem(dialog, TreeView_GetSelection(TreeOf(dialog))); break;
+    case IDC_VIEWER_SAVE: SaveItem(dialog, TreeView_GetSelection(TreeOf(dialog))); break;
+    case IDC_VIEWER_HELP: ShowHelpTopic(dialog, kViewerTopic); break;
     case IDOK:
-    case IDCANCEL: EndDialog(dialog, command); return TRUE;
+    case IDCANCEL: EndDialog(dialog, command); break;
     }
-    return FALSE;
 }
 
 bool isOnSelection(HWND tree, DWORD point) {
@@ -143,7 +142,7 @@ HWND TreeOf(HWND dialog) {
 INT_PTR CALLBACK ViewerProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_INITDIALOG: onInit(dialog, lParam); break;
-    case WM_COMMAND: return onCommand(dialog, LOWORD(wParam));
+    case WM_COMMAND: onCommand(dialog, LOWORD(wParam)); break;
     case WM_NOTIFY:
         if (wParam == IDC_VIEWER_TREE) onTreeNotification(dialog, *reinterpret_cast<const NMHDR*>(lParam));
         return FALSE;

@@ -1,6 +1,7 @@
 // The resource viewer and its contents window, driven over the files of a PC.
 #include "resources/viewer.h"
 
+#include "resources/fork_file.h"
 #include "support/help_calls_windows.h"
 #include "support/resource_fork_writer.h"
 #include "support/test_module_windows.h"
@@ -548,4 +549,11 @@ TEST_CASE_FIXTURE(Viewer, "A large fork costs a few reads for what is opened, an
                    CHECK(pc.journal().count("ReadFile") == 0);
                    close(viewer);
                }}) == 1);
+}
+
+TEST_CASE("A file that has gone is known by the path that it had") {
+    const TestPc pc;
+    char path[kPathCapacity] = "?";
+    GetLongFileOfFork("M:\\Gone\\{4DD19183-ACE2-11CF-BBF2-444553540000}", path);
+    CHECK(path == std::string("M:\\Gone"));
 }
